@@ -1,0 +1,40 @@
+# Native targets: the console demo and UCI engine, unit tests (CTest), benchmarks, fuzz targets.
+add_library(velok3_console_host STATIC ${VELOK3_CONSOLE_HOST_SOURCES})
+target_link_libraries(velok3_console_host PUBLIC velok3_portable)
+
+add_executable(velok3-demo ${CMAKE_SOURCE_DIR}/console/demo_main.cpp)
+target_link_libraries(velok3-demo PRIVATE velok3_console_host)
+
+if(VELOK3_UCI_SOURCES)
+  add_executable(velok3-uci ${VELOK3_UCI_SOURCES})
+  target_link_libraries(velok3-uci PRIVATE velok3_console_host)
+endif()
+
+enable_testing()
+find_package(GTest REQUIRED)
+add_executable(velok3_tests ${VELOK3_UNIT_TEST_SOURCES})
+target_link_libraries(velok3_tests PRIVATE velok3_portable GTest::gtest GTest::gtest_main)
+target_include_directories(velok3_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+target_compile_definitions(velok3_tests PRIVATE VELOK3_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+  VELOK3_BINARY_DIR="${CMAKE_BINARY_DIR}")
+include(GoogleTest)
+gtest_discover_tests(velok3_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+
+find_package(benchmark QUIET)
+if(benchmark_FOUND AND VELOK3_BENCH_SOURCES)
+  file(GLOB VELOK3_BENCH_DOUBLE_SOURCES ${CMAKE_SOURCE_DIR}/tests/double/*.cpp)
+  add_executable(velok3_bench ${VELOK3_BENCH_SOURCES} ${VELOK3_BENCH_DOUBLE_SOURCES})
+  target_link_libraries(velok3_bench PRIVATE velok3_portable benchmark::benchmark benchmark::benchmark_main)
+  target_include_directories(velok3_bench PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+endif()
+
+if(VELOK3_FUZZ)
+  foreach(source ${VELOK3_FUZZ_SOURCES})
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source} ${CMAKE_SOURCE_DIR}/tests/double/host_double.cpp)
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_libraries(${name} PRIVATE velok3_portable)
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  endforeach()
+endif()

@@ -1,0 +1,22 @@
+# Windows targets, cross-compiled with mingw-w64: the program, the UCI console engine and the
+# end-to-end test driver. Everything links statically so the exes run on a bare Windows.
+add_link_options(-static -static-libgcc -static-libstdc++)
+
+if(VELOK3_SHELL_SOURCES AND EXISTS ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
+  enable_language(RC)
+  add_executable(velok3 WIN32 ${VELOK3_SHELL_SOURCES} ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
+  target_link_libraries(velok3 PRIVATE velok3_portable gdi32 comdlg32 shell32 user32 msimg32)
+  target_include_directories(velok3 PRIVATE ${CMAKE_SOURCE_DIR}/resources)
+endif()
+
+if(VELOK3_UCI_SOURCES)
+  add_library(velok3_console_host STATIC ${VELOK3_CONSOLE_HOST_SOURCES})
+  target_link_libraries(velok3_console_host PUBLIC velok3_portable)
+  add_executable(velok3-uci ${VELOK3_UCI_SOURCES})
+  target_link_libraries(velok3-uci PRIVATE velok3_console_host)
+endif()
+
+if(VELOK3_E2E_DRIVER_SOURCES)
+  add_executable(velok3-e2e-driver ${VELOK3_E2E_DRIVER_SOURCES})
+  target_link_libraries(velok3-e2e-driver PRIVATE user32 gdi32)
+endif()

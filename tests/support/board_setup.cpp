@@ -1,0 +1,136 @@
+// Test helpers for setting up positions and walking the move tree.
+#include "support/board_setup.h"
+
+#include <cctype>
+
+void SetUpBoard(GameState& state, const std::string& fen) {
+    state.ResetGameState(ResetEmpty);
+    int row = 7, file = 0;
+    std::size_t i = 0;
+    for (; i < fen.size() && fen[i] != ' '; ++i) {
+        const char c = fen[i];
+        if (c == '/') {
+            --row;
+            file = 0;
+        } else if (std::isdigit(static_cast<unsigned char>(c))) {
+            file += c - '0';
+        } else {
+            static const std::string letters = "pnbrqk";
+            const auto k = letters.find(static_cast<char>(std::tolower(static_cast<unsigned char>(c))));
+            state.board[row][file].piece = static_cast<Word>(k + 1);
+            state.board[row][file].colour = std::isupper(static_cast<unsigned char>(c)) ? White : Black;
+            ++file;
+        }
+    }
+    const bool black = i + 1 < fen.size() && fen[i + 1] == 'b';
+    state.sideToMove = black ? Black : White;
+    state.setupFirstMover = state.sideToMove;
+
+    // The game reads castling rights from the history, so the rights a FEN denies become moves
+    // "already played" by the king or rook, and an en passant square becomes the double step
+    // that allows it.
+    std::size_t fields = i + 2;
+    if (fields + 1 >= fen.size()) return;
+    const std::size_t castlingEnd = fen.find(' ', fields + 1);
+    const std::string castling = fen.substr(fields + 1, castlingEnd == std::string::npos ? std::string::npos
+                                                                                         : castlingEnd - fields - 1);
+    auto played = [&state](Word piece, Word colour, int fromFile, int fromRow, int toFile, int toRow) {
+        MoveRecord& r = state.history[state.plyCount++];
+        r = MoveRecord{};
+        r.fromFile = fromFile;
+        r.fromRow = fromRow;
+        r.toFile = toFile;
+        r.toRow = toRow;
+        r.movedPiece = r.placedPiece = piece;
+        r.movedColour = colour;
+        r.extraFromFile = r.extraToFile = -1;
+    };
+    for (Word colour : {White, Black}) {
+        const int home = colour == White ? 0 : 7;
+        const bool shortRight = castling.find(colour == White ? 'K' : 'k') != std::string::npos;
+        const bool longRight = castling.find(colour == White ? 'Q' : 'q') != std::string::npos;
+        if (!shortRight && !longRight) {
+            played(King, colour, 4, home, 4, home);
+        } else {
+            if (!shortRight) played(Rook, colour, 7, home, 7, home);
+            if (!longRight) played(Rook, colour, 0, home, 0, home);
+        }
+    }
+    if (castlingEnd != std::string::npos && castlingEnd + 2 < fen.size() && fen[castlingEnd + 1] != '-') {
+        const int file = fen[castlingEnd + 1] - 'a', row = fen[castlingEnd + 2] - '1';
+        if (row == 5) played(Pawn, Black, file, 6, file, 4);
+        if (row == 2) played(Pawn, White, file, 1, file, 3);
+    }
+}
+
+bool PlayMove(GameState& state, const std::string& move, Word promotion) {
+    const int ff = move[0] - 'a', fr = move[1] - '1', tf = move[2] - 'a', tr = move[3] - '1';
+    MoveListEntry moves[MoveBufferCapacity];
+    state.GenerateLegalMoves(moves, state.sideToMove);
+    for (Word i = 0; i < state.moveCount; ++i) {
+        const MoveListEntry& m = moves[i];
+        if (m.fromFile == ff && m.fromRow == fr && m.toFile == tf && m.toRow == tr) {
+            state.MakeMove(&state.history[state.plyCount], ff, fr, tf, tr, Silent, promotion);
+            ++state.plyCount;
+            state.sideToMove = Opposite(state.sideToMove);
+            return true;
+        }
+    }
+    return false;
+}
+
+namespace {
+
+// The published counts take each promotion as four moves; the game lists it once and asks for
+// the piece when it is played. So a promoting entry is walked once per piece.
+bool Promotes(const GameState& state, const MoveListEntry& m) {
+    const BoardCell& from = state.board[m.fromRow][m.fromFile];
+    return from.piece == Pawn && (m.toRow == 7 || m.toRow == 0);
+}
+
+template <bool Bulk>
+std::uint64_t Walk(GameState& state, int depth) {
+    MoveListEntry moves[MoveBufferCapacity];
+    state.GenerateLegalMoves(moves, state.sideToMove);
+    const Word n = state.moveCount;
+    if (Bulk && depth <= 1) {
+        std::uint64_t count = static_cast<std::uint64_t>(n);
+        for (Word i = 0; i < n; ++i)
+            if (Promotes(state, moves[i])) count += 3;
+        return count;
+    }
+    std::uint64_t nodes = 0;
+    for (Word i = 0; i < n; ++i) {
+        const MoveListEntry& m = moves[i];
+        static constexpr Word pieces[4] = {Queen, Rook, Bishop, Knight};
+        const int kinds = Promotes(state, m) ? 4 : 1;
+        for (int k = 0; k < kinds; ++k) {
+            MoveRecord* record = &state.history[state.plyCount];
+            state.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, pieces[k]);
+            if (depth <= 1) {
+                ++nodes;
+            } else {
+                ++state.plyCount;
+                state.sideToMove = Opposite(state.sideToMove);
+                nodes += Walk<Bulk>(state, depth - 1);
+                state.sideToMove = Opposite(state.sideToMove);
+                --state.plyCount;
+            }
+            state.TakeBackMove(record);
+        }
+    }
+    return nodes;
+}
+
+}  // namespace
+
+std::uint64_t Perft(GameState& state, int depth) { return Walk<false>(state, depth); }
+std::uint64_t PerftBulk(GameState& state, int depth) { return Walk<true>(state, depth); }
+
+std::string SquareName(int file, int row) {
+    return std::string(1, static_cast<char>('a' + file)) + static_cast<char>('1' + row);
+}
+
+std::string MoveName(const MoveListEntry& m) {
+    return SquareName(m.fromFile, m.fromRow) + SquareName(m.toFile, m.toRow);
+}

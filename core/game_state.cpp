@@ -6,6 +6,7 @@
 GameState game;
 GameState previewGame;
 Placement positionTrail[HistoryCapacity + 1];
+ListHandle movesListWindow = nullptr;
 
 void GameState::ResetGameState(Word mode) {
     // Step 1. Everything to zero, table by table (the two texts own buffers and are emptied

@@ -10,6 +10,10 @@ class Text;
 // control exists. Operations on a null handle are never called.
 using ListHandle = void*;
 
+// The moves list of the main window, set by the shell when it creates the control; the engine
+// and the records refill it after a move or a load.
+extern ListHandle movesListWindow;
+
 enum AskDefault : std::int32_t { DefaultYes = 0, DefaultNo = 1 };
 
 // Talking to the user: an information box, a Yes/No question (1 for Yes) and the promotion choice

@@ -2,10 +2,14 @@
 // file + 8 * row, and a step that would leave the board is simply not instantiated.
 #pragma once
 
+// Rays, steps and tries are folded into their square's routine; the routines themselves stay
+// separate functions, which keeps each one small enough to compile and to sit in the cache.
 #if defined(__GNUC__)
 #define VELOK_INLINE inline __attribute__((always_inline))
+#define VELOK_ROUTINE __attribute__((noinline))
 #else
 #define VELOK_INLINE inline
+#define VELOK_ROUTINE
 #endif
 
 namespace squares {

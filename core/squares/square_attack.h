@@ -47,7 +47,7 @@ VELOK_INLINE bool KnightAttacks(const BoardCell (&board)[8][8], Word colour) {
 }  // namespace squares
 
 template <int Square>
-Word GameState::SquareAttackTest(Word colour) const {
+VELOK_ROUTINE Word GameState::SquareAttackTest(Word colour) const {
     using namespace squares;
     // Step 1. Straight rays: up, down, right, left.
     // Step 2. Diagonal rays.

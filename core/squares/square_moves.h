@@ -4,12 +4,6 @@
 
 #include "core/squares/square_attack.h"
 
-// The attack test of a square known to the compiler, bypassing the dispatch.
-template <int Square>
-VELOK_INLINE Word AttackedAt(const GameState& state, Word colour) {
-    return state.SquareAttackTest<Square>(colour);
-}
-
 template <int From, int To, bool KingMoves>
 VELOK_INLINE void GameState::TryMove(MoveListEntry* buffer, Word colour) {
     using namespace squares;
@@ -143,7 +137,7 @@ VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
 }
 
 template <int Square>
-void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word colour) {
+VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word colour) {
     using namespace squares;
     constexpr int file = FileOf(Square), row = RowOf(Square);
     const BoardCell& cell = board[row][file];

@@ -40,6 +40,7 @@ void GameState::ResetGameState(Word mode) {
     thinkPending = savedPiece = savedColour = 0;
     std::memset(static_cast<void*>(rootMoves), 0, sizeof rootMoves);
     setupMode = loadDialogKind = 0;
+    searchNodes = 0;
     previewStatus = Text();
     progressText = Text();
 

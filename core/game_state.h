@@ -89,6 +89,9 @@ class GameState {
     Word EvaluateMateBishops();
     Word EvaluateMateBishopKnight(const Word (&cornerTable)[8][8]);
     void ThinkDriver();
+    // The search part of a think: tables, phase and search for the side to move, leaving the
+    // result in bestMove and the board as it was. ThinkDriver and the UCI front end share it.
+    void ChooseComputerMove();
     void PollDuringThink(Word percent);
 
     // ---- Records: moves list, game files, position files ----
@@ -153,6 +156,8 @@ class GameState {
     MoveListEntry rootMoves[MoveBufferCapacity];
     Word setupMode;
     Word loadDialogKind;
+    // Nodes visited by the searches since the last think began (for benchmarks and UCI info).
+    std::uint64_t searchNodes;
 
   private:
     // Tries the move From-To on the board and lists it when the mover's king is then safe.

@@ -34,15 +34,12 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
         }
         // Step 3. En passant: a diagonal pawn move onto an empty cell.
         if (fromFile != toFile && record->capturedPiece == PieceNone) {
-            if (fromRow >= toRow) {
-                board[toRow + 1][toFile].piece = PieceNone;
-                record->extraFromRow = toRow + 1;
-                record->extraColour = White;
-            } else {
-                board[toRow - 1][toFile].piece = PieceNone;
-                record->extraFromRow = toRow - 1;
-                record->extraColour = Black;
-            }
+            // A diagonal pawn step crosses one row, so the victim stands on the origin's row:
+            // toRow + 1 when the mover goes down the board, toRow - 1 when it goes up. Indexing by
+            // fromRow says so without an index the optimiser cannot bound.
+            board[fromRow][toFile].piece = PieceNone;
+            record->extraFromRow = fromRow;
+            record->extraColour = fromRow >= toRow ? White : Black;
             record->extraPiece = Pawn;
             record->extraFromFile = toFile;
         }

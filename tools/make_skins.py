@@ -55,6 +55,7 @@ def Mix(a, b, t):
 
 
 def Solid(size, colour):
+    """An RGB image of one colour."""
     return Image.new("RGB", size, colour)
 
 
@@ -98,6 +99,7 @@ def Grain(rng, size, blur):
 
 
 def FlatTexture(rng, size):
+    """No texture: the square takes the middle of its shade pair."""
     return Image.new("L", size, 128)
 
 
@@ -316,10 +318,12 @@ def GlyphMask(piece, box):
 
 
 def Grow(mask, radius):
+    """The mask widened by radius pixels."""
     return mask.filter(ImageFilter.MaxFilter(2 * radius + 1)) if radius > 0 else mask
 
 
 def Shrink(mask, radius):
+    """The mask narrowed by radius pixels."""
     return mask.filter(ImageFilter.MinFilter(2 * radius + 1)) if radius > 0 else mask
 
 
@@ -595,7 +599,8 @@ PIECE_LETTERS = {"P": PAWN, "N": KNIGHT, "B": BISHOP, "R": ROOK, "Q": QUEEN, "K"
 
 
 def PreviewBoard(sheet):
-    """The main window at scale 100 after 1. e4 e5 2. Nf3, with Black's knight picked up."""
+    """The main window at scale 100 after 1. e4 e5 2. Nf3, with Black's knight picked up;
+    the skin at half size in the corner, as the dialogs show it."""
     cells = {}
     for row, text in enumerate(START_ROWS):
         for file, letter in enumerate(text):
@@ -627,6 +632,7 @@ def PreviewBoard(sheet):
 
 
 def WritePreviews(directory, sheets, icons, about):
+    """PNG pictures of every skin sheet, a board made from each, the icons and the banner."""
     directory.mkdir(parents=True, exist_ok=True)
     for name, sheet in sheets:
         stem = name.split("/")[-1]
@@ -647,6 +653,7 @@ def WritePreviews(directory, sheets, icons, about):
 
 
 def Main():
+    """Writes all the artwork into resources/."""
     parser = argparse.ArgumentParser(description="Generate the skins, icon and About banner.")
     parser.add_argument("--preview", type=Path, help="also write PNG previews into this folder")
     args = parser.parse_args()

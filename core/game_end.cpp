@@ -106,7 +106,7 @@ bool AnyPlacementThrice(const Placement* trail, Word last) {
     return false;
 }
 
-} // namespace
+}  // namespace
 
 Word GameState::CheckGameEnd(Word colour, Word showMessages) {
     // Step 1.

@@ -11,13 +11,13 @@ constexpr const char* FirstRow = " 0.";
 // The prefix of a row with an odd history index.
 constexpr const char* OddPrefix = "           ";
 
-} // namespace
-
+// The letter of a moving piece: none for a pawn, else N, B, R, Q or K.
 const char* PieceLetter(Word piece) {
     static constexpr const char* letters[7] = {"", "", "N", "B", "R", "Q", "K"};
     return piece >= PieceNone && piece <= King ? letters[piece] : "";
 }
 
+// The letter after "=" of a promotion: N, B or R, and Q for any other piece code.
 char PromotionLetter(Word piece) {
     switch (piece) {
     case Knight: return 'N';
@@ -27,11 +27,13 @@ char PromotionLetter(Word piece) {
     }
 }
 
+// Appends a square as a file letter and a row digit, as "e4".
 void AppendSquare(Text& text, Word file, Word row) {
     text.AppendChar(static_cast<char>('a' + file));
     text.AppendChar(static_cast<char>('1' + row));
 }
 
+// Appends the prefix of history index i: the move number for an even index, blanks for an odd one.
 void AppendRowPrefix(Text& row, Word index) {
     if (index % 2 != 0) {
         row.Append(OddPrefix);
@@ -41,6 +43,8 @@ void AppendRowPrefix(Text& row, Word index) {
     row.AppendInt(index / 2 + 1);
     row.Append(". ");
 }
+
+}  // namespace
 
 const char* CheckSign(GameState& scratch) {
     const Word side = scratch.sideToMove;

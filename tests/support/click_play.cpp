@@ -1,4 +1,5 @@
-// Moves played as a pair of clicks, for the tests of whole games.
+// Moves played as a pair of clicks, for the tests of whole games: the selection, the two marks
+// and PlayChosenMove, with the list control held by the host double.
 #include "support/click_play.h"
 
 #include <cstring>

@@ -1,4 +1,5 @@
-// Seeded random legal games for the tests and benchmarks.
+// Seeded random legal games for the tests and benchmarks: the choice of each move by policy, and
+// the test whether the game goes on after it.
 #include "support/random_game.h"
 
 #include <algorithm>
@@ -65,7 +66,7 @@ MoveListEntry PickShuffle(const GameState& state, const std::vector<MoveListEntr
     return moves.front();
 }
 
-} // namespace
+}  // namespace
 
 std::vector<std::string> PlayRandomMoves(GameState& state, Word plies, std::uint32_t seed,
                                          RandomPolicy policy) {

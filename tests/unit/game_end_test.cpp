@@ -209,4 +209,4 @@ TEST(Repetition, AgreesWithThePairwiseComparisonOnRandomGames) {
     EXPECT_GT(gamesWithRepetition, 10);
 }
 
-} // namespace
+}  // namespace

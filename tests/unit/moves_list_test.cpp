@@ -171,4 +171,4 @@ TEST(Replay, RebuildsTheBoardOfEveryRow) {
     EXPECT_EQ(scratch.board[7][0].piece, Bishop);
 }
 
-} // namespace
+}  // namespace

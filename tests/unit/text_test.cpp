@@ -171,4 +171,4 @@ TEST(TextRange, RemoveAndTrim) {
     EXPECT_EQ(blanks.CharAt(0), 0);
 }
 
-} // namespace
+}  // namespace

@@ -1,6 +1,5 @@
 // Whole games played the way the click handling plays them: the turn handed over, the list
-// refilled, each end of the game told once, and the computer asked to move only while the game
-// goes on.
+// refilled, each end told once, and the computer asked to move only while the game goes on.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -199,4 +198,4 @@ TEST(Turns, PlayingFromAnEarlierRowReplacesTheRestOfTheGame) {
     EXPECT_EQ(ClickListSelection(), 3);
 }
 
-} // namespace
+}  // namespace

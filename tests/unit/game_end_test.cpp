@@ -88,12 +88,12 @@ TEST(CheckGameEnd, LeavesTheBoardAndCountsTheMovesOfTheColour) {
     s.ResetGameState(ResetStartPosition);
     PlayAll(s, {"e2e4", "c7c5", "g1f3", "d7d6", "f1b5"});
     s.board[3][3].mark = MarkRefused;
-    s.board[5][5].colour = Black; // the colour of an empty cell must survive as it is
+    s.board[5][5].colour = Black;  // the colour of an empty cell must survive as it is
     BoardCell before[8][8];
     std::memcpy(before, s.board, sizeof before);
     EXPECT_EQ(s.CheckGameEnd(Black, NoMessage), GameGoesOn);
     EXPECT_EQ(std::memcmp(before, s.board, sizeof before), 0);
-    EXPECT_EQ(s.moveCount, 4); // out of check: Bd7, Nc6, Nd7, Qd7
+    EXPECT_EQ(s.moveCount, 4);  // out of check: Bd7, Nc6, Nd7, Qd7
 }
 
 TEST(Repetition, KnightsOutAndBackTwiceDrawAtTheEighthPly) {

@@ -79,7 +79,7 @@ TEST(Turns, AComputerSideToMoveIsAskedToThink) {
 
     GameState& t = StartGame();
     t.sides[White].kind = SideComputer;
-    t.sideToMove = Black; // as if the computer had opened
+    t.sideToMove = Black;  // as if the computer had opened
     Click(t, {"d7d5"});
     EXPECT_EQ(t.thinkPending, 1);
 }
@@ -113,7 +113,7 @@ TEST(Turns, Stalemate) {
     Click(s, {"e6f7"});
     EXPECT_EQ(Host().messages, std::vector<std::string>{"Game over.\nStalemate."});
     EXPECT_EQ(s.thinkPending, 0);
-    EXPECT_EQ(s.gameDirty, 0); // moves of a set-up game leave the flag to the set-up
+    EXPECT_EQ(s.gameDirty, 0);  // moves of a set-up game leave the flag to the set-up
 }
 
 TEST(Turns, CapturingTheLastPieceDrawsForWantOfMaterial) {

@@ -2,12 +2,21 @@
 // rule of the think are already baked, and a penalty for doubled and isolated pawns.
 #include "core/game_state.h"
 
-#include <bit>
 #include <cstring>
 
 namespace {
 
 constexpr Word PawnFaultCost = 20;
+
+// Bits set in a byte, by table: the shipped 32-bit build has no population count instruction.
+struct BitCounts {
+    std::uint8_t of[256];
+    constexpr BitCounts() : of{} {
+        for (unsigned i = 1; i < 256; ++i)
+            of[i] = static_cast<std::uint8_t>(of[i >> 1] + (i & 1));
+    }
+};
+constexpr BitCounts Bits;
 
 // 20 for every file with two or more pawns and for every file whose pawns have no neighbour.
 inline Word PawnPenalty(const std::uint8_t (&counts)[8]) {
@@ -17,7 +26,7 @@ inline Word PawnPenalty(const std::uint8_t (&counts)[8]) {
         doubled |= static_cast<unsigned>(counts[file] > 1) << file;
     }
     const unsigned isolated = occupied & ~((occupied << 1) | (occupied >> 1));
-    return PawnFaultCost * static_cast<Word>(std::popcount(doubled) + std::popcount(isolated));
+    return PawnFaultCost * static_cast<Word>(Bits.of[doubled] + Bits.of[isolated & 0xFF]);
 }
 
 } // namespace

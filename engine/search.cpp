@@ -12,23 +12,28 @@ inline MoveRecord* MakeSearchMove(GameState& state, const MoveListEntry& move) {
     return record;
 }
 
-// The score of the position after the opponent's last move, at the horizon.
-Word LeafScore(GameState& state) {
+// The score of the position after the opponent's last move, at the horizon; `before` is
+// Evaluate() of the position before that move.
+Word LeafScore(GameState& state, Word before) {
     const MoveRecord& last = state.history[state.plyCount - 1];
-    if (last.capturedPiece == PieceNone) return state.Evaluate();
-    if (state.history[state.plyCount - 2].capturedPiece != PieceNone) return state.Evaluate();
+    if (last.capturedPiece == PieceNone) return EvaluateAfterMove(state, last, before);
+    if (state.history[state.plyCount - 2].capturedPiece != PieceNone)
+        return EvaluateAfterMove(state, last, before);
     switch (state.CheckRecapture(last.toFile, last.toRow)) {
     case 0: return 0;
     case ThinkerMated: return ThinkerMated;
     case 1: {
         // The capturing piece is struck off; what takes it back is not moved.
+        if (last.movedPiece != Pawn && last.capturedPiece != Pawn)
+            return EvaluateAfterMove(state, last, before) -
+                   state.pieceSquare[last.movedColour][last.placedPiece][last.toRow][last.toFile];
         BoardCell& target = state.board[last.toRow][last.toFile];
         target.piece = PieceNone;
         const Word score = state.Evaluate();
         target.piece = last.placedPiece;
         return score;
     }
-    default: return state.Evaluate();
+    default: return EvaluateAfterMove(state, last, before);
     }
 }
 
@@ -36,10 +41,11 @@ Word LeafScore(GameState& state) {
 
 void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntry* order, Word thinkerNode) {
     MoveRecord* record = &state.history[state.plyCount];
+    const Word before = state.Evaluate();
     for (Word i = 0; i < n; ++i) {
         const MoveListEntry& move = list[i];
         state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
-        const Word score = state.Evaluate();
+        const Word score = EvaluateAfterMove(state, *record, before);
         order[i] = {i, thinkerNode ? -score : score};
         state.TakeBackMove(record);
     }
@@ -116,11 +122,12 @@ Word GameState::SearchOpponentNode(Word depth, Word bound) {
     }
 
     // Step 5. The last ply, in generated order.
+    const Word before = Evaluate();
     for (Word i = 0; i < n; ++i) {
         MoveRecord* record = MakeSearchMove(*this, list[i]);
         ++searchNodes;
         ++plyCount;
-        const Word score = LeafScore(*this);
+        const Word score = LeafScore(*this, before);
         --plyCount;
         TakeBackMove(record);
         if (score > best) best = score;

@@ -2,6 +2,7 @@
 // penalty with its sign set by who thinks.
 #include <gtest/gtest.h>
 
+#include "engine/search.h"
 #include "support/engine_setup.h"
 
 namespace {
@@ -80,6 +81,33 @@ TEST(Evaluate, LeavesTheBoardAndCountsThePiecesOnEachFile) {
     EXPECT_EQ(s.fileCounts[Black][Rook][1], 0);
     EXPECT_EQ(s.fileCounts[White][PieceNone][4], 0);
     EXPECT_EQ(s.board[3][3].piece, Pawn);
+}
+
+} // namespace
+
+namespace {
+
+TEST(Evaluate, TheSearchsShortcutAfterAMoveMatchesAWholeEvaluation) {
+    GameState& s = State();
+    for (const char* fen : {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq -",
+                            "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R b KQkq -",
+                            "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - -", "4k3/1P6/8/3pP3/8/8/8/4K2R w K d6"}) {
+        SetUpBoard(s, fen);
+        PrepareThink(s);
+        for (Word colour : {White, Black}) {
+            MoveListEntry moves[MoveBufferCapacity];
+            s.GenerateLegalMoves(moves, colour);
+            const Word before = s.Evaluate();
+            for (Word i = 0; i < s.moveCount; ++i) {
+                MoveRecord* record = &s.history[s.plyCount];
+                s.MakeMove(record, moves[i].fromFile, moves[i].fromRow, moves[i].toFile, moves[i].toRow,
+                           Silent, Queen);
+                EXPECT_EQ(EvaluateAfterMove(s, *record, before), s.Evaluate())
+                    << fen << " " << MoveName(moves[i]);
+                s.TakeBackMove(record);
+            }
+        }
+    }
 }
 
 } // namespace

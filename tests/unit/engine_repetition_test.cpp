@@ -118,6 +118,35 @@ TEST(RepetitionRule, AThinkerThatStandsBadlyRepeats) {
     EXPECT_EQ(Host().pumps, n); // one pass
 }
 
+TEST(RepetitionRule, AMoveWhoseReplyWouldRepeatIsTurnedAwayFrom) {
+    GameState& s = State();
+    const std::string fen = "6k1/5pp1/7p/8/8/7P/5PP1/2N3K1 w";
+    SetUpBoard(s, fen);
+    ResetHost();
+    SearchRootScore(s, 1);
+    const std::string first = MoveName(s.bestMove);
+    // After `first` the position has stood once, after `first` and Kh8 twice (the second time
+    // reached by White's king coming round), so only the reply would repeat. Black's king
+    // walks round once too, to hand the move back to White.
+    SetUpBoard(s, fen);
+    for (const std::string& move : {first, std::string("g8h8"), std::string("g1h1"), std::string("h8g8"),
+                                    std::string("h1h2"), std::string("g8h8"), std::string("h2g1"),
+                                    std::string("h8h7"), Reversed(first), std::string("h7g8")})
+        ASSERT_TRUE(PlayMove(s, move)) << move;
+    ResetHost();
+    SearchRootScore(s, 1);
+    EXPECT_EQ(MoveName(s.earlierBestMove), first);
+    MoveRecord* record = &s.history[s.plyCount];
+    s.MakeMove(record, s.earlierBestMove.fromFile, s.earlierBestMove.fromRow, s.earlierBestMove.toFile,
+               s.earlierBestMove.toRow, Silent, Queen);
+    ++s.plyCount;
+    EXPECT_EQ(s.IsThreefoldRepetition(), 0);
+    --s.plyCount;
+    s.TakeBackMove(record);
+    EXPECT_NE(MoveName(s.bestMove), first);
+    EXPECT_TRUE(s.progressText.Equals(" [alt.searching] "));
+}
+
 TEST(RepetitionRule, ABreakAfterAPassPlaysThatPasssMove) {
     GameState& s = State();
     const std::string first = BuildTwiceSeen(s, "6k1/5pp1/7p/8/8/7P/5PP1/2N3K1 w", 1);

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Fills `order` with the indices of `list` in the three passes; returns nothing, all n are placed.
+// Fills `order` with the n indices of `list` in the order of the three passes.
 void OrderByPasses(const GameState& state, const MoveListEntry* list, Word n, Word* order) {
     Word placed = 0;
     for (Word i = 0; i < n; ++i)

@@ -27,6 +27,29 @@ Word BookedClock(const GameState& state) {
     return static_cast<Word>(state.thinkClockBase + (HostTickCount() - state.thinkStartTick) / 1000);
 }
 
+// Steps 18 to 20: the list, the turn and whether the next side thinks at the next tick.
+void HandOver(GameState& state) {
+    state.RebuildMovesList(&movesListWindow);
+    if (!state.setupStart) state.gameDirty = 1;
+    state.sideToMove = Opposite(state.sideToMove);
+    HostRepaintWindow(false);
+    if (state.CheckGameEnd(state.sideToMove, ShowMessage) == GameGoesOn &&
+        state.sides[state.sideToMove].kind == SideComputer)
+        state.thinkPending = 1;
+}
+
+// The first move of a game: one of the seven of the table, drawn at random.
+void PlayOpeningMove(GameState& state) {
+    const MoveListEntry& move = state.openingMoves[std::rand() % OpeningMoveCount];
+    state.MakeMove(&state.history[state.plyCount], move.fromFile, move.fromRow, move.toFile, move.toRow,
+                   Silent, Queen);
+    ++state.plyCount;
+    state.ClearMarks(MarkNone);
+    HandOver(state);
+    if (displaySettings.beepAfterMove) HostBeep();
+    state.thinking = 0;
+}
+
 } // namespace
 
 Word ChooseEnginePhase(const GameState& state) {
@@ -71,33 +94,6 @@ void GameState::ChooseComputerMove() {
     else
         MateThinkerNode(MateSearchDepth, 1, NodeStartLow);
 }
-
-namespace {
-
-// Steps 18 to 20: the list, the turn and whether the next side thinks at the next tick.
-void HandOver(GameState& state) {
-    state.RebuildMovesList(&movesListWindow);
-    if (!state.setupStart) state.gameDirty = 1;
-    state.sideToMove = Opposite(state.sideToMove);
-    HostRepaintWindow(false);
-    if (state.CheckGameEnd(state.sideToMove, ShowMessage) == GameGoesOn &&
-        state.sides[state.sideToMove].kind == SideComputer)
-        state.thinkPending = 1;
-}
-
-// The first move of a game: one of the seven of the table, drawn at random.
-void PlayOpeningMove(GameState& state) {
-    const MoveListEntry& move = state.openingMoves[std::rand() % OpeningMoveCount];
-    state.MakeMove(&state.history[state.plyCount], move.fromFile, move.fromRow, move.toFile, move.toRow,
-                   Silent, Queen);
-    ++state.plyCount;
-    state.ClearMarks(MarkNone);
-    HandOver(state);
-    if (displaySettings.beepAfterMove) HostBeep();
-    state.thinking = 0;
-}
-
-} // namespace
 
 // One computer move, from the start of the think to the hand-over to the next side.
 void GameState::ThinkDriver() {

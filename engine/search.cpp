@@ -14,7 +14,7 @@ inline MoveRecord* MakeSearchMove(GameState& state, const MoveListEntry& move) {
 
 // The score of the position after the opponent's last move, at the horizon; `before` is
 // Evaluate() of the position before that move.
-Word LeafScore(GameState& state, Word before) {
+Word LeafScore(GameState& state, const ScoredPosition& before) {
     const MoveRecord& last = state.history[state.plyCount - 1];
     if (last.capturedPiece == PieceNone) return EvaluateAfterMove(state, last, before);
     if (state.history[state.plyCount - 2].capturedPiece != PieceNone)
@@ -24,7 +24,7 @@ Word LeafScore(GameState& state, Word before) {
     case ThinkerMated: return ThinkerMated;
     case 1: {
         // The capturing piece is struck off; what takes it back is not moved.
-        if (last.movedPiece != Pawn && last.capturedPiece != Pawn)
+        if (last.placedPiece != Pawn)
             return EvaluateAfterMove(state, last, before) -
                    state.pieceSquare[last.movedColour][last.placedPiece][last.toRow][last.toFile];
         BoardCell& target = state.board[last.toRow][last.toFile];
@@ -41,7 +41,7 @@ Word LeafScore(GameState& state, Word before) {
 
 void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntry* order, Word thinkerNode) {
     MoveRecord* record = &state.history[state.plyCount];
-    const Word before = state.Evaluate();
+    const ScoredPosition before = ScorePosition(state);
     for (Word i = 0; i < n; ++i) {
         const MoveListEntry& move = list[i];
         state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
@@ -122,7 +122,7 @@ Word GameState::SearchOpponentNode(Word depth, Word bound) {
     }
 
     // Step 5. The last ply, in generated order.
-    const Word before = Evaluate();
+    const ScoredPosition before = ScorePosition(*this);
     for (Word i = 0; i < n; ++i) {
         MoveRecord* record = MakeSearchMove(*this, list[i]);
         ++searchNodes;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/game_state.h"
+#include "engine/evaluation.h"
 
 // One entry of a node's order list: the index of a move in the node's move list and its key.
 struct OrderEntry {
@@ -27,19 +28,3 @@ void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntr
 // null), polling before each, then the repetition rule. Leaves the choice in bestMove.
 Word SearchRoot(GameState& state, MoveListEntry* list, const OrderEntry* order, Word n, Word depth,
                 RootSearch kind);
-
-// Evaluate() of the position just made by `record`, given `before`, Evaluate() of the position
-// before it. A move that moves, takes or places no pawn leaves the pawn penalty alone, so its
-// score is `before` plus the change of the cells it touched; any other move is evaluated whole.
-inline Word EvaluateAfterMove(GameState& state, const MoveRecord& record, Word before) {
-    if (record.movedPiece == Pawn || record.capturedPiece == Pawn) return state.Evaluate();
-    const Word mover = record.movedColour;
-    const auto& own = state.pieceSquare[mover];
-    Word score = before + own[record.placedPiece][record.toRow][record.toFile] -
-                 own[record.movedPiece][record.fromRow][record.fromFile] -
-                 state.pieceSquare[Opposite(mover)][record.capturedPiece][record.toRow][record.toFile];
-    if (record.extraPiece == Rook)
-        score += own[Rook][record.extraToRow][record.extraToFile] -
-                 own[Rook][record.extraFromRow][record.extraFromFile];
-    return score;
-}

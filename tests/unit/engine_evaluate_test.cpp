@@ -97,7 +97,7 @@ TEST(Evaluate, TheSearchsShortcutAfterAMoveMatchesAWholeEvaluation) {
         for (Word colour : {White, Black}) {
             MoveListEntry moves[MoveBufferCapacity];
             s.GenerateLegalMoves(moves, colour);
-            const Word before = s.Evaluate();
+            const ScoredPosition before = ScorePosition(s);
             for (Word i = 0; i < s.moveCount; ++i) {
                 MoveRecord* record = &s.history[s.plyCount];
                 s.MakeMove(record, moves[i].fromFile, moves[i].fromRow, moves[i].toFile, moves[i].toRow,

@@ -55,6 +55,8 @@ void ThinkSuite(benchmark::State& bench, Word level) {
     double total = 0;
     for (double s : seconds)
         total += s;
+    bench.counters["worst_position"] =
+        static_cast<double>(std::max_element(seconds.begin(), seconds.end()) - seconds.begin());
     std::sort(seconds.begin(), seconds.end());
     bench.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
     bench.counters["worst_ms"] = 1000 * seconds.back();

@@ -7,8 +7,8 @@
 namespace {
 
 constexpr Word PawnBase[8][8] = {
-    {0, 0, 0, 0, 0, 0, 0, 0},         {0, 0, 0, 0, 0, 0, 0, 0},         {1, 2, 5, 0, 0, 5, 2, 1},
-    {0, 1, 4, 5, 5, 4, 1, 0},         {1, 2, 5, 6, 6, 5, 2, 1},         {2, 3, 6, 7, 7, 6, 3, 2},
+    {0, 0, 0, 0, 0, 0, 0, 0},         {0, 0, 0, 0, 0, 0, 0, 0}, {1, 2, 5, 0, 0, 5, 2, 1},
+    {0, 1, 4, 5, 5, 4, 1, 0},         {1, 2, 5, 6, 6, 5, 2, 1}, {2, 3, 6, 7, 7, 6, 3, 2},
     {10, 20, 30, 40, 40, 30, 20, 10}, {0, 0, 0, 0, 0, 0, 0, 0},
 };
 
@@ -56,7 +56,7 @@ constexpr MoveListEntry OpeningMoves[OpeningMoveCount] = {
     {3, 1, 3, 3}, {4, 1, 4, 3}, {1, 0, 2, 2}, {6, 0, 5, 2}, {1, 1, 1, 2}, {6, 1, 6, 2}, {2, 1, 2, 2},
 };
 
-}  // namespace
+} // namespace
 
 void GameState::FillBaseTables() {
     std::memcpy(pawnBase, PawnBase, sizeof pawnBase);
@@ -67,6 +67,7 @@ void GameState::FillBaseTables() {
     std::memcpy(mateEdge, MateEdge, sizeof mateEdge);
     std::memcpy(mateDiagonal, MateDiagonal, sizeof mateDiagonal);
     for (Word r = 0; r < 8; ++r)
-        for (Word f = 0; f < 8; ++f) mateDiagonalMirror[r][f] = mateDiagonal[r][7 - f];
+        for (Word f = 0; f < 8; ++f)
+            mateDiagonalMirror[r][f] = mateDiagonal[r][7 - f];
     std::memcpy(static_cast<void*>(openingMoves), OpeningMoves, sizeof openingMoves);
 }

@@ -1,0 +1,30 @@
+// The searches' shared vocabulary: the order list of a node, the root procedure that both the
+// main search and the mating search run, and the text shown while the root avoids a repetition.
+#pragma once
+
+#include "core/game_state.h"
+#include "engine/evaluation.h"
+
+// One entry of a node's order list: the index of a move in the node's move list and its key.
+struct OrderEntry {
+    Word index;
+    Word key;
+};
+
+// The counter at the root of the mating search: three moves of each side.
+constexpr Word MateSearchDepth = 2;
+
+// Shown behind the title once the root has turned away from a repetition.
+constexpr const char* AltSearchingText = " [alt.searching] ";
+
+// Which opponent routine scores a root move.
+enum RootSearch : Word { RootMain = 0, RootMate = 1 };
+
+// Fills `order` with the moves of `list` keyed by a one-ply Evaluate (negated at a thinker's
+// node, so that the best move for the side to move comes first) and sorts it.
+void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntry* order, Word thinkerNode);
+
+// The root of either search: passes over the moves (in `order`, or in list order when it is
+// null), polling before each, then the repetition rule. Leaves the choice in bestMove.
+Word SearchRoot(GameState& state, MoveListEntry* list, const OrderEntry* order, Word n, Word depth,
+                RootSearch kind);

@@ -1,0 +1,148 @@
+// The computer's turn from first step to last: the first-move table at ply 0, else tables,
+// phase and search, then the clock, the marks, the move itself and the hand-over.
+#include "engine/think_driver.h"
+
+#include <cstdlib>
+
+#include "engine/search.h"
+#include "records/settings.h"
+
+namespace {
+
+// Counts of each piece code of one colour on the board.
+struct PieceCounts {
+    Word of[7];
+};
+
+PieceCounts CountPieces(const GameState& state, Word colour) {
+    PieceCounts counts{};
+    for (const auto& cells : state.board)
+        for (const BoardCell& cell : cells)
+            if (cell.piece != PieceNone && cell.colour == colour) ++counts.of[cell.piece];
+    return counts;
+}
+
+// Whole seconds the thinker has used, counted from the stored seconds at the start of the think.
+Word BookedClock(const GameState& state) {
+    return static_cast<Word>(state.thinkClockBase + (HostTickCount() - state.thinkStartTick) / 1000);
+}
+
+// Steps 18 to 20: the list, the turn and whether the next side thinks at the next tick.
+void HandOver(GameState& state) {
+    state.RebuildMovesList(&movesListWindow);
+    if (!state.setupStart) state.gameDirty = 1;
+    state.sideToMove = Opposite(state.sideToMove);
+    HostRepaintWindow(false);
+    if (state.CheckGameEnd(state.sideToMove, ShowMessage) == GameGoesOn &&
+        state.sides[state.sideToMove].kind == SideComputer)
+        state.thinkPending = 1;
+}
+
+// The first move of a game: one of the seven of the table, drawn at random.
+void PlayOpeningMove(GameState& state) {
+    const MoveListEntry& move = state.openingMoves[std::rand() % OpeningMoveCount];
+    state.MakeMove(&state.history[state.plyCount], move.fromFile, move.fromRow, move.toFile, move.toRow,
+                   Silent, Queen);
+    ++state.plyCount;
+    state.ClearMarks(MarkNone);
+    HandOver(state);
+    if (displaySettings.beepAfterMove) HostBeep();
+    state.thinking = 0;
+}
+
+} // namespace
+
+Word ChooseEnginePhase(const GameState& state) {
+    const PieceCounts own = CountPieces(state, state.sideToMove);
+    const PieceCounts their = CountPieces(state, Opposite(state.sideToMove));
+    if (their.of[Pawn] + their.of[Knight] + their.of[Bishop] + their.of[Rook] + their.of[Queen] != 0)
+        return PhaseNormal;
+    if (own.of[Rook] + own.of[Queen] != 0) return PhaseRookQueen;
+    if (own.of[Bishop] == 2) return PhaseTwoBishops;
+    if (own.of[Bishop] >= 1 && own.of[Knight] >= 1) {
+        // The last bishop in board order decides the colour of the corners.
+        Word dark = 0;
+        for (Word row = 0; row < 8; ++row)
+            for (Word file = 0; file < 8; ++file) {
+                const BoardCell& cell = state.board[row][file];
+                if (cell.piece == Bishop && cell.colour == state.sideToMove) dark = (row + file) % 2 == 0;
+            }
+        return dark ? PhaseBishopKnightDark : PhaseBishopKnightLight;
+    }
+    return PhaseNormal;
+}
+
+// Searches the side to move's reply into bestMove (first byte 0xFF when there is none), leaving
+// board and plyCount as they were. Expects `thinking` set; clearing it breaks the search off.
+void GameState::ChooseComputerMove() {
+    // Step 4.
+    bestMove.fromFile = NoMoveByte;
+    searchNodes = 0;
+
+    // Step 5.
+    otherSide = Opposite(sideToMove);
+    thinkClockBase = static_cast<std::uint32_t>(sides[sideToMove].clockSeconds);
+    thinkStartTick = HostTickCount();
+
+    // Step 6.
+    PreparePieceSquare();
+    enginePhase = ChooseEnginePhase(*this);
+
+    // Step 7. The result is bestMove, not the score.
+    if (enginePhase == PhaseNormal)
+        SearchThinkerNode(level, NodeStartLow);
+    else
+        MateThinkerNode(MateSearchDepth, 1, NodeStartLow);
+}
+
+// One computer move, from the start of the think to the hand-over to the next side.
+void GameState::ThinkDriver() {
+    // Steps 1 and 2.
+    thinking = 1;
+    thinkPending = 0;
+    if (plyCount == 0) {
+        PlayOpeningMove(*this);
+        return;
+    }
+
+    // Step 3.
+    HostSetBusy(true);
+    progressText = Text();
+    HostUpdateNow();
+
+    // Steps 4 to 7.
+    ChooseComputerMove();
+
+    // Step 8.
+    sides[sideToMove].clockSeconds = BookedClock(*this);
+
+    // Step 9. The chosen move travels on as two cell marks.
+    if (static_cast<std::uint8_t>(bestMove.fromFile) < 255) {
+        board[bestMove.fromRow][bestMove.fromFile].mark = MarkFrom;
+        board[bestMove.toRow][bestMove.toFile].mark = MarkTo;
+    }
+
+    // Steps 10 to 14.
+    HostUpdateNow();
+    if (displaySettings.beepAfterMove && CheckGameEnd(sideToMove, NoMessage) == GameGoesOn) HostBeep();
+    HostSetBusy(false);
+    HostShowTitle("");
+    HostDropQueuedCommands();
+    HostFlashIfInactive();
+
+    // Step 15.
+    Word fromFile = 0, fromRow = 0, toFile = 0, toRow = 0;
+    if (!FindMarkedCell(MarkFrom, fromFile, fromRow) || !FindMarkedCell(MarkTo, toFile, toRow)) {
+        thinking = 0;
+        return;
+    }
+
+    // Steps 16 and 17. A pawn on the last row becomes a queen without a dialog.
+    ClearMarks(MarkNone);
+    MakeMove(&history[plyCount], fromFile, fromRow, toFile, toRow, Silent, Queen);
+
+    // Steps 18 to 21.
+    ++plyCount;
+    HandOver(*this);
+    thinking = 0;
+}

@@ -6,7 +6,8 @@
 
 std::int32_t CountChars(const char* source) {
     std::int32_t n = 0;
-    while (n < MaxTextLength && source[n] != 0) ++n;
+    while (n < MaxTextLength && source[n] != 0)
+        ++n;
     return n;
 }
 
@@ -16,7 +17,9 @@ void CopyChars(const char* source, char* target, std::int32_t count, std::int32_
     target[count + targetOffset] = 0;
 }
 
-Text::Text() : length(0), chars(new char[1]) { chars[0] = 0; }
+Text::Text() : length(0), chars(new char[1]) {
+    chars[0] = 0;
+}
 
 Text::Text(const char* source) : length(0), chars(nullptr) {
     const std::int32_t n = source ? CountChars(source) : 0;
@@ -58,7 +61,9 @@ Text& Text::operator=(Text&& other) noexcept {
     return *this;
 }
 
-Text::~Text() { delete[] chars; }
+Text::~Text() {
+    delete[] chars;
+}
 
 void Text::Rebuild(const char* source, std::int32_t count, const char* tail, std::int32_t tailCount) {
     char* fresh = new char[count + tailCount + 1];
@@ -110,11 +115,14 @@ void Text::AppendInt(std::int32_t number) {
     char out[13];
     int k = 0;
     if (number < 0) out[k++] = '-';
-    while (n > 0) out[k++] = digits[--n];
+    while (n > 0)
+        out[k++] = digits[--n];
     Rebuild(chars, length, out, k);
 }
 
-void Text::AppendCrLf() { Rebuild(chars, length, "\r\n", 2); }
+void Text::AppendCrLf() {
+    Rebuild(chars, length, "\r\n", 2);
+}
 
 void Text::Remove(char character) {
     if (Find(character, 0) < 0) return;
@@ -138,7 +146,8 @@ void Text::AssignRange(const Text& source, std::int32_t start, std::int32_t coun
 
 void Text::TrimLeadingBlanks() {
     std::int32_t n = 0;
-    while (n < length && chars[n] == ' ') ++n;
+    while (n < length && chars[n] == ' ')
+        ++n;
     if (n > 0) Rebuild(chars + n, length - n, nullptr, 0);
 }
 
@@ -163,4 +172,6 @@ std::int32_t Text::FindEnd(const char* needle) const {
     return -1;
 }
 
-bool Text::Equals(const char* other) const { return std::strcmp(chars, other ? other : "") == 0; }
+bool Text::Equals(const char* other) const {
+    return std::strcmp(chars, other ? other : "") == 0;
+}

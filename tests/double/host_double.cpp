@@ -15,8 +15,9 @@ void ResetHost() { host = HostDouble(); }
 
 void HostShowMessage(const char* text) { host.messages.emplace_back(text); }
 
-std::int32_t HostAskYesNo(const char* text, AskDefault) {
+std::int32_t HostAskYesNo(const char* text, AskDefault defaultButton) {
     host.questions.emplace_back(text);
+    host.questionDefaults.push_back(defaultButton);
     if (host.yesNoAnswers.empty()) return 0;
     const std::int32_t answer = host.yesNoAnswers.front();
     host.yesNoAnswers.pop_front();

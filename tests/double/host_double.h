@@ -14,6 +14,7 @@ struct HostDouble {
     // What the game showed or asked.
     std::vector<std::string> messages;
     std::vector<std::string> questions;
+    std::vector<AskDefault> questionDefaults;  // the default button of each question
     std::vector<std::string> titles;
     std::vector<std::int32_t> promotionAsks;  // the colour of each promotion dialog
     std::vector<std::int32_t> clockRepaints;  // the colour of each clock repaint

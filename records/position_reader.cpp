@@ -1,0 +1,135 @@
+// Reading a position file into the load dialog's work space, and the plausibility test that
+// keeps impossible or finished positions from being loaded.
+#include "records/position_file.h"
+
+#include <initializer_list>
+
+namespace {
+
+// The piece and colour of a letter of a position file; PieceNone for any other character.
+Word PieceOfLetter(char letter, Word& colour) {
+    static constexpr char whiteLetters[] = "PNBRQK";
+    static constexpr char blackLetters[] = "pnbrqk";
+    for (Word i = 0; i < 6; ++i) {
+        if (letter == whiteLetters[i] || letter == blackLetters[i]) {
+            colour = letter == whiteLetters[i] ? White : Black;
+            return Pawn + i;
+        }
+    }
+    return PieceNone;
+}
+
+// Places the pieces of the board field on `state`, row 7 first, and gives the index of the blank
+// that ends the field, or -1 when the text ends first. An "8" takes the character behind it along,
+// so that an empty row needs no "/" of its own; pieces that fall outside the board are left out.
+Word ScanBoardField(GameState& state, const Text& text) {
+    Word file = 0, row = 0;
+    for (Word i = 0; i < text.Length(); ++i) {
+        const char c = text.CharAt(i);
+        Word colour = White;
+        const Word piece = PieceOfLetter(c, colour);
+        if (c == '/') {
+            ++row;
+            file = 0;
+        } else if (c >= '1' && c <= '7') {
+            file += c - '0';
+        } else if (c == '8') {
+            ++row;
+            file = 0;
+            ++i;
+        } else if (piece != PieceNone) {
+            if (GameState::IsOnBoard(file, 7 - row)) {
+                BoardCell& cell = state.board[7 - row][file];
+                cell.piece = piece;
+                cell.colour = colour;
+            }
+            ++file;
+        }
+        if (text.CharAt(i) == ' ') return i;
+    }
+    return -1;
+}
+
+// Counts of one colour's pieces that tell whether the material could have come from a game.
+struct PieceCounts {
+    Word pawns = 0, knights = 0, rooks = 0, queens = 0, kings = 0;
+    Word bishopsOn[2] = {0, 0}; // by colour of square
+};
+
+PieceCounts CountMaterial(const GameState& state, Word colour) {
+    PieceCounts m;
+    for (Word row = 0; row < 8; ++row)
+        for (Word file = 0; file < 8; ++file) {
+            const BoardCell& cell = state.board[row][file];
+            if (cell.piece == PieceNone || cell.colour != colour) continue;
+            switch (cell.piece) {
+            case Pawn: ++m.pawns; break;
+            case Knight: ++m.knights; break;
+            case Bishop: ++m.bishopsOn[(row + file) % 2]; break;
+            case Rook: ++m.rooks; break;
+            case Queen: ++m.queens; break;
+            default: ++m.kings; break;
+            }
+        }
+    return m;
+}
+
+// Pieces beyond the set a side starts with, each of which must have been a pawn.
+Word Extras(const PieceCounts& m) {
+    auto above = [](Word count, Word limit) { return count > limit ? count - limit : 0; };
+    return above(m.knights, 2) + above(m.rooks, 2) + above(m.queens, 1) + above(m.bishopsOn[0], 1) +
+           above(m.bishopsOn[1], 1);
+}
+
+// True when a pawn stands where no pawn can stand, or a side has not exactly one king, or more
+// pieces stand than eight pawns could have become.
+bool ImpossibleMaterial(const GameState& state) {
+    for (Word file = 0; file < 8; ++file)
+        if (state.board[0][file].piece == Pawn || state.board[7][file].piece == Pawn) return true;
+    for (const Word colour : {White, Black}) {
+        const PieceCounts m = CountMaterial(state, colour);
+        if (m.kings != 1 || m.pawns + Extras(m) > 8) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void GameState::ParsePosition(Text text) {
+    // Steps 1 to 3. An empty board to place the pieces on.
+    previewStatus = Text();
+    text.TrimLeadingBlanks();
+    ResetGameState(ResetStartPosition);
+    for (auto& cells : board)
+        for (BoardCell& cell : cells)
+            cell = BoardCell{};
+
+    // Steps 4 and 5. The board field, then the side behind the blank that ends it.
+    const Word blank = ScanBoardField(*this, text);
+    const char side = blank >= 0 ? text.CharAt(blank + 1) : ' ';
+    sideToMove = side == 'w' || side == 'W' ? White : Black;
+    setupFirstMover = sideToMove;
+
+    // Steps 6 to 8. The test, two people, and the position as the start of a set-up game.
+    ValidatePosition();
+    sides[White].kind = SideHuman;
+    sides[Black].kind = SideHuman;
+    for (Word row = 0; row < 8; ++row)
+        for (Word file = 0; file < 8; ++file)
+            startBoard[row][file] = board[row][file];
+}
+
+void GameState::ValidatePosition() {
+    previewStatus = Text();
+    if (ImpossibleMaterial(*this)) previewStatus = Text(ErrorPositionText);
+
+    // The side that has just moved cannot have left its king in check.
+    const Word waiting = Opposite(sideToMove);
+    Word kingFileFound = 0, kingRowFound = 0;
+    if (FindKing(waiting, kingFileFound, kingRowFound) &&
+        IsSquareAttacked(waiting, kingFileFound, kingRowFound))
+        previewStatus = Text(ErrorPositionText);
+
+    // Last, so that a finished position reads as such even when it is also impossible.
+    if (CheckGameEnd(sideToMove, NoMessage) != GameGoesOn) previewStatus = Text(GameOverText);
+}

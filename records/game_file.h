@@ -29,9 +29,9 @@ Text GameFileHeader(const GameState& state, const LocalTime& date, const char* r
 // replayed from the start position so that disambiguation, check and mate can be worked out.
 Text GameFileMoves(const GameState& state, Word count);
 
-// The token of one move, worked out on `scratch` before the move, which it then plays there into
-// the next history record and hands the turn over.
-Text MoveToken(GameState& scratch, const MoveRecord& record);
+// The token of the move at history index `index` of `game`, worked out on `scratch`, which holds
+// the position before that move; the move is then replayed there, and the turn handed over.
+Text MoveToken(const GameState& game, Word index, GameState& scratch);
 
 // The user's short date with every character that is not a digit turned into "_".
 Text DateForFileName(const char* shortDate);

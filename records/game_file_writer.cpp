@@ -2,6 +2,9 @@
 // date and time the caller gives them, and never talk to the user.
 #include "records/game_file.h"
 
+#include "core/replay.h"
+#include "records/moves_list.h"
+
 #include <initializer_list>
 
 namespace {
@@ -133,7 +136,8 @@ Text GameFileHeader(const GameState& state, const LocalTime& date, const char* r
     return text;
 }
 
-Text MoveToken(GameState& scratch, const MoveRecord& record) {
+Text MoveToken(const GameState& game, Word index, GameState& scratch) {
+    const MoveRecord& record = game.history[index];
     Text token;
     const bool pawn = record.movedPiece == Pawn;
     // Step 1. The leading letter; a capturing pawn is named by its file.
@@ -150,17 +154,9 @@ Text MoveToken(GameState& scratch, const MoveRecord& record) {
     if (record.capturedPiece != PieceNone || (pawn && record.extraPiece != PieceNone)) token.AppendChar('x');
     // Step 4. The to-square, then the move itself on the scratch game.
     AppendSquare(token, record.toFile, record.toRow);
-    scratch.MakeMove(&scratch.history[scratch.plyCount], record.fromFile, record.fromRow, record.toFile,
-                     record.toRow, Silent, record.placedPiece);
-    ++scratch.plyCount;
-    scratch.sideToMove = Opposite(scratch.sideToMove);
+    ReplayRecord(game, index, scratch);
     // Step 5. Mate or check of the side now to move.
-    Word kingFile = 0, kingRow = 0;
-    if (scratch.CheckGameEnd(scratch.sideToMove, NoMessage) == GameCheckmate)
-        token.AppendChar('#');
-    else if (scratch.FindKing(scratch.sideToMove, kingFile, kingRow) &&
-             scratch.IsSquareAttacked(scratch.sideToMove, kingFile, kingRow))
-        token.AppendChar('+');
+    token.Append(CheckSign(scratch));
     // Step 6. Castling replaces the whole token, sign included.
     if (record.movedPiece == King && record.fromFile == 4 && record.toFile == 2) token = Text("O-O-O");
     if (record.movedPiece == King && record.fromFile == 4 && record.toFile == 6) token = Text("O-O");
@@ -174,14 +170,14 @@ Text MoveToken(GameState& scratch, const MoveRecord& record) {
 
 Text GameFileMoves(const GameState& state, Word count) {
     GameState scratch;
-    scratch.ResetGameState(ResetStartPosition);
+    ReplayStart(state, scratch);
     Text line;
     for (Word i = 0; i < count; ++i) {
         if (i % 2 == 0) {
             line.AppendInt(i / 2 + 1);
             line.Append(". ");
         }
-        line.AppendText(MoveToken(scratch, state.history[i]));
+        line.AppendText(MoveToken(state, i, scratch));
         line.AppendChar(' ');
     }
     return line;

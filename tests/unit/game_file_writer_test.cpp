@@ -29,7 +29,7 @@ std::string TokenOf(const char* fen, const char* move, Word promotion = Queen) {
     SetUpBoard(played, fen);
     EXPECT_TRUE(PlayMove(played, move, promotion)) << fen << " " << move;
     SetUpBoard(scratch, fen);
-    return Str(MoveToken(scratch, played.history[played.plyCount - 1]));
+    return Str(MoveToken(played, played.plyCount - 1, scratch));
 }
 
 // The tenth line of the file, the moves.

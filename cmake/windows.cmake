@@ -5,7 +5,7 @@ add_link_options(-static -static-libgcc -static-libstdc++)
 if(VELOK3_SHELL_SOURCES AND EXISTS ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
   enable_language(RC)
   add_executable(velok3 WIN32 ${VELOK3_SHELL_SOURCES} ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
-  target_link_libraries(velok3 PRIVATE velok3_portable gdi32 comdlg32 shell32 user32 msimg32)
+  target_link_libraries(velok3 PRIVATE velok3_portable gdi32 comdlg32 shell32 user32 advapi32 msimg32)
   target_include_directories(velok3 PRIVATE ${CMAKE_SOURCE_DIR}/resources)
 endif()
 

@@ -1,0 +1,29 @@
+// The edit of a player's name or a file name, which refuses the characters that a Windows file
+// name cannot hold, so that every name can become part of a file name.
+#include <windows.h>
+
+#include <cstring>
+
+#include "shell/shell_parts.h"
+
+namespace {
+
+// The edit procedure that NameEditProc hands everything else to; all edits share it.
+WNDPROC formerEditProc = nullptr;
+
+bool IsRefusedInName(WPARAM character) {
+    return character != 0 && character < 128 &&
+           std::strchr("<>\"\\/*?:|", static_cast<int>(character)) != nullptr;
+}
+
+} // namespace
+
+LRESULT CALLBACK NameEditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CHAR && IsRefusedInName(wParam)) return 0;
+    return CallWindowProcA(formerEditProc, edit, message, wParam, lParam);
+}
+
+void SubclassNameEdit(HWND edit) {
+    const LONG_PTR former = SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NameEditProc));
+    formerEditProc = reinterpret_cast<WNDPROC>(former);
+}

@@ -9,10 +9,12 @@ namespace {
 // A profile value buffer holds 65 characters with its terminating zero.
 constexpr std::size_t ValueCapacity = 64;
 
+// The characters the profile functions trim around keys and values.
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
+// The text without blanks at either end.
 std::string_view Trim(std::string_view text) {
     while (!text.empty() && IsBlank(text.front()))
         text.remove_prefix(1);
@@ -106,21 +108,25 @@ std::uint32_t ColourByte(const Profile& profile, std::string_view key, std::int3
     return static_cast<std::uint32_t>(value < 0 || value > 255 ? fallback : value);
 }
 
+// A colour from its three keys, the first giving bits 16 to 23.
 std::uint32_t Colour(const Profile& profile, const char* (&keys)[3], std::int32_t fallback) {
     return ColourByte(profile, keys[0], fallback) << 16 | ColourByte(profile, keys[1], fallback) << 8 |
            ColourByte(profile, keys[2], fallback);
 }
 
+// Appends a line and its CR LF.
 void AppendLine(Text& text, const char* line) {
     text.Append(line);
     text.AppendCrLf();
 }
 
+// Appends "KEY = YES" or "KEY = NO".
 void AppendFlag(Text& text, const char* key, std::int32_t flag) {
     text.Append(key);
     AppendLine(text, flag ? " = YES" : " = NO");
 }
 
+// Appends "KEY = " and a decimal number.
 void AppendNumber(Text& text, const char* key, std::int32_t number) {
     text.Append(key);
     text.Append(" = ");
@@ -131,6 +137,7 @@ void AppendNumber(Text& text, const char* key, std::int32_t number) {
 const char* backgroundKeys[3] = {"BACKGROUND_RED", "BACKGROUND_GREEN", "BACKGROUND_BLUE"};
 const char* inkKeys[3] = {"INK_RED", "INK_GREEN", "INK_BLUE"};
 
+// Appends the three keys of a colour, bits 16 to 23 first.
 void AppendColour(Text& text, const char* (&keys)[3], std::uint32_t colour) {
     AppendNumber(text, keys[0], static_cast<std::int32_t>(colour >> 16 & 0xFF));
     AppendNumber(text, keys[1], static_cast<std::int32_t>(colour >> 8 & 0xFF));
@@ -139,6 +146,7 @@ void AppendColour(Text& text, const char* (&keys)[3], std::uint32_t colour) {
 
 } // namespace
 
+// Reads each key as GetPrivateProfileStringA and GetPrivateProfileIntA would.
 void ParseSettingsText(const char* text, std::int32_t length, DisplaySettings& settings) {
     const Profile profile(std::string_view(text, length > 0 ? static_cast<std::size_t>(length) : 0));
     settings.showLegalMoves = FlagDefaultYes(profile, "SHOW", "LEGAL MOVE");
@@ -162,6 +170,7 @@ void ParseSettingsText(const char* text, std::int32_t length, DisplaySettings& s
     settings.skinNumber = number < 0 || number > 6 ? 0 : number;
 }
 
+// The 24 lines, in the order and spelling the program has always written them.
 Text SettingsFileText(const DisplaySettings& settings) {
     Text text;
     AppendLine(text, "[SHOW]");
@@ -189,6 +198,7 @@ Text SettingsFileText(const DisplaySettings& settings) {
     return text;
 }
 
+// The hash of the name as hex digits.
 Text UserTagFromName(const std::uint16_t* name, std::int32_t length) {
     // 32-bit FNV-1a over the UTF-16 code units, low byte first.
     std::uint32_t hash = 2166136261u;
@@ -203,6 +213,7 @@ Text UserTagFromName(const std::uint16_t* name, std::int32_t length) {
     return tag;
 }
 
+// The settings file's name for a tag.
 Text SettingsFileName(const Text& userTag) {
     Text name("velok-3 {");
     name.AppendText(userTag);

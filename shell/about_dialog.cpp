@@ -7,6 +7,7 @@
 
 namespace {
 
+// Nothing to set up; OK or Esc closes the dialog.
 INT_PTR CALLBACK AboutDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
     if (message == WM_INITDIALOG) return TRUE;
     if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
@@ -18,6 +19,7 @@ INT_PTR CALLBACK AboutDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARA
 
 } // namespace
 
+// Shows the About dialog over the main window until it is closed.
 void ShowAboutDialog() {
     DialogBoxParamA(shellState.instance, MAKEINTRESOURCEA(IDD_ABOUT), shellState.mainWindow, AboutDialogProc,
                     0);

@@ -10,6 +10,7 @@
 
 namespace {
 
+// Opens a file of the current folder with the program the system associates with it.
 void OpenWithShell(const char* file) {
     ShellExecuteA(shellState.mainWindow, "open", file, nullptr, nullptr, SW_SHOWNORMAL);
 }
@@ -19,6 +20,7 @@ void OpenUserManual() {
     OpenWithShell(FileExists("velok-3.hlp") ? "velok-3.hlp" : "velok-3.chm");
 }
 
+// Enables a menu entry, or greys and disables it.
 void SetMenuEntryEnabled(HMENU menu, UINT id, bool enabled) {
     MENUITEMINFOA item{};
     item.cbSize = sizeof item;
@@ -27,6 +29,7 @@ void SetMenuEntryEnabled(HMENU menu, UINT id, bool enabled) {
     SetMenuItemInfoA(menu, id, FALSE, &item);
 }
 
+// Offers to save the game on the board, then lets the user set up a new one.
 void StartNewGame() {
     game.OfferToSave();
     ShowNewGameDialog();
@@ -34,6 +37,7 @@ void StartNewGame() {
 
 } // namespace
 
+// Whether a file of that name can be found.
 bool FileExists(const char* path) {
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(path, &found);

@@ -26,11 +26,13 @@ void OnClose(HWND window) {
     DefWindowProcA(window, WM_CLOSE, 0, 0);
 }
 
+// New system colours may change the frame, so the window is sized and painted anew.
 void OnSysColorChange(HWND window) {
     LayoutMainWindow();
     InvalidateRect(window, nullptr, TRUE);
 }
 
+// Hands each timer to its handler; other timer ids do nothing.
 void OnTimer(WPARAM timerId) {
     if (timerId == TickTimer) OnTickTimer();
     if (timerId == ClockTimer) OnClockTimer();
@@ -38,6 +40,7 @@ void OnTimer(WPARAM timerId) {
 
 } // namespace
 
+// The procedure of the main window; it keeps the window handle current for the rest of the shell.
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     shellState.mainWindow = window;
     switch (message) {

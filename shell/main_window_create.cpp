@@ -11,12 +11,14 @@
 
 namespace {
 
+// The font of the panel and the moves list; without PALA.TTF the system substitutes a face.
 HFONT CreatePanelFont() {
     return CreateFontA(24, 0, 0, 0, FW_DONTCARE, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                        CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH | FF_DONTCARE,
                        "Palatino Linotype");
 }
 
+// Creates the owner-drawn moves list and publishes its handle to the game.
 void CreateMovesList(HWND window) {
     shellState.movesListWindow = CreateWindowExA(
         0, "LISTBOX", "List box",

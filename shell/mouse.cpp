@@ -8,6 +8,7 @@
 
 namespace {
 
+// Repaints the whole window with erase.
 void RepaintAll() {
     InvalidateRect(shellState.mainWindow, nullptr, TRUE);
 }
@@ -60,6 +61,7 @@ void OnPlayClick(UINT message, Word file, Word row, Word r, Word rowCount, Word 
     if (game.FindMarkedCell(MarkFrom, fromFile, fromRow)) ClickTarget(side, file, row, r);
 }
 
+// Turns a button release into a square and the list row in view, and passes it on to play.
 void OnBoardClick(UINT message, LPARAM lParam) {
     const int x = LOWORD(lParam), y = HIWORD(lParam);
     Word file = 0, row = 0;

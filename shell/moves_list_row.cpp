@@ -4,6 +4,7 @@
 #include "shell/main_window.h"
 #include "shell/selection_colours.h"
 
+// Draws one row of the moves list, with the selection colours when it is selected.
 void DrawMovesListRow(const DRAWITEMSTRUCT& drawItem) {
     if (drawItem.itemID == static_cast<UINT>(-1)) return;
     char text[256] = "";

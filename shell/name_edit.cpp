@@ -11,6 +11,7 @@ namespace {
 // The edit procedure that NameEditProc hands everything else to; all edits share it.
 WNDPROC formerEditProc = nullptr;
 
+// Whether the character is one of the nine a file name cannot hold.
 bool IsRefusedInName(WPARAM character) {
     return character != 0 && character < 128 &&
            std::strchr("<>\"\\/*?:|", static_cast<int>(character)) != nullptr;
@@ -18,11 +19,13 @@ bool IsRefusedInName(WPARAM character) {
 
 } // namespace
 
+// Swallows the refused characters and hands everything else to the edit.
 LRESULT CALLBACK NameEditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CHAR && IsRefusedInName(wParam)) return 0;
     return CallWindowProcA(formerEditProc, edit, message, wParam, lParam);
 }
 
+// Makes `edit` refuse the characters a file name cannot hold.
 void SubclassNameEdit(HWND edit) {
     const LONG_PTR former = SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NameEditProc));
     formerEditProc = reinterpret_cast<WNDPROC>(former);

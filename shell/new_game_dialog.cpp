@@ -27,12 +27,14 @@ struct SideControls {
 };
 constexpr SideControls sideControls[2] = {{IDC_WHITE_TYPE, IDC_WHITE_NAME}, {IDC_BLACK_TYPE, IDC_BLACK_NAME}};
 
+// Fills a drop-down list with two rows and selects one.
 void AddRows(HWND dialog, int list, const char* first, const char* second, int selected) {
     SendDlgItemMessageA(dialog, list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(first));
     SendDlgItemMessageA(dialog, list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(second));
     SendDlgItemMessageA(dialog, list, CB_SETCURSEL, selected, 0);
 }
 
+// Whether the type list of `colour` shows "Human".
 bool IsHuman(HWND dialog, int colour) {
     return SendDlgItemMessageA(dialog, sideControls[colour].typeList, CB_GETCURSEL, 0, 0) == RowHuman;
 }
@@ -53,6 +55,7 @@ HBITMAP MakeSidePicture(HDC reference, int tileX) {
     return picture;
 }
 
+// Replaces the kings shown beside "White" and "Black".
 void SetSidePictures(HWND dialog) {
     WindowDc dc(dialog);
     const int tileX[2] = {32, 192}, group[2] = {IDC_WHITE_PICTURE, IDC_BLACK_PICTURE};
@@ -64,6 +67,7 @@ void SetSidePictures(HWND dialog) {
     }
 }
 
+// Fills the lists, limits and guards the name edits and draws the two kings.
 void OnInitDialog(HWND dialog) {
     AddRows(dialog, IDC_WHITE_TYPE, "Computer", "Human", RowHuman);
     AddRows(dialog, IDC_BLACK_TYPE, "Computer", "Human", RowComputer);
@@ -107,6 +111,7 @@ bool StartGame(HWND dialog) {
     return true;
 }
 
+// Keeps the controls in line with the side types and starts the game on "Start !".
 INT_PTR CALLBACK NewGameDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
     if (message == WM_INITDIALOG) {
         OnInitDialog(dialog);
@@ -141,6 +146,7 @@ void SyncSideControls(HWND dialog) {
     EnableWindow(GetDlgItem(dialog, IDC_AI_LEVEL), !(IsHuman(dialog, White) && IsHuman(dialog, Black)));
 }
 
+// Runs the New game dialog over the main window.
 void ShowNewGameDialog() {
     DialogBoxParamA(shellState.instance, MAKEINTRESOURCEA(IDD_NEW_GAME), shellState.mainWindow,
                     NewGameDialogProc, 0);

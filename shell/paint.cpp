@@ -12,9 +12,11 @@ namespace {
 
 constexpr int LogoWidth = 128, LogoHeight = 64, ClockHeight = 32;
 
+// Pixels of a square at the present scale.
 int TileSize() {
     return TileSizeForScale(displaySettings.boardScale);
 }
+// Pixels of the board's side at the present scale.
 int BoardPixels() {
     return 8 * TileSize();
 }
@@ -24,18 +26,22 @@ int UpperColour() {
     return displaySettings.whiteOnTop ? White : Black;
 }
 
+// Where the upper name, or the mode's name, stands.
 RECT UpperNameRect() {
     return RECT{BoardPixels() + 20, 84, BoardPixels() + 188, 116};
 }
+// Where the lower name stands, right below the list.
 RECT LowerNameRect() {
     const int top = shellState.listTop + shellState.listHeight;
     return RECT{BoardPixels() + 20, top, BoardPixels() + 188, top + ClockHeight};
 }
 
+// Draws one line of text centred in `area`.
 void DrawCentred(HDC dc, const char* text, int length, RECT area) {
     DrawTextA(dc, text, length, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
+// Draws the clock of `colour` centred in `area`.
 void DrawClock(HDC dc, int colour, const RECT& area) {
     const Text clock = FormatClock(game.sides[colour].clockSeconds);
     DrawCentred(dc, clock.Chars(), clock.Length(), area);
@@ -135,6 +141,7 @@ void DrawCoordinates(HDC dc) {
     }
 }
 
+// Copies the 64 squares from the skin, each with the tile its cell and marks call for.
 void DrawSquares(HDC dc) {
     const BoardViewFacts facts = GatherViewFacts();
     const int tile = TileSize();
@@ -157,6 +164,7 @@ void PaintClockOnly(HDC dc, const RECT& area) {
 
 } // namespace
 
+// Paints the whole client area, or only a clock when the update rectangle is a clock's.
 void PaintMainWindow(HWND window) {
     PaintSession paint(window);
     const HDC dc = paint.Dc();

@@ -26,6 +26,7 @@ HBITMAP CopyPieceTile(HDC reference, int piece, int colour) {
     return picture;
 }
 
+// Puts the mover's four pieces on the four buttons.
 void SetButtonPictures(HWND dialog, int colour) {
     WindowDc dc(dialog);
     for (int piece = Knight; piece <= Queen; ++piece) {
@@ -35,6 +36,7 @@ void SetButtonPictures(HWND dialog, int colour) {
     }
 }
 
+// Deletes the button pictures once the dialog is gone.
 void DeleteButtonPictures() {
     for (HBITMAP& picture : pictures) {
         if (picture != nullptr) DeleteObject(picture);
@@ -42,6 +44,7 @@ void DeleteButtonPictures() {
     }
 }
 
+// Ends the dialog with the piece code of the button pressed.
 INT_PTR CALLBACK PromotionDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITDIALOG: SetButtonPictures(dialog, static_cast<int>(lParam)); return TRUE;

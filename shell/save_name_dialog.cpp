@@ -12,6 +12,7 @@ struct SaveNameRequest {
     const char* title;
 };
 
+// Shows the title and the proposed name, all of it selected, in a guarded edit.
 void OnInitDialog(HWND dialog, const SaveNameRequest& request) {
     SetWindowTextA(dialog, request.title);
     SetDlgItemTextA(dialog, IDC_SAVE_NAME, request.name->Chars());
@@ -32,6 +33,7 @@ void OnOk(HWND dialog, const SaveNameRequest& request) {
     EndDialog(dialog, 0);
 }
 
+// Keeps the request with the dialog and answers OK and Cancel.
 INT_PTR CALLBACK SaveNameDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrA(dialog, DWLP_USER, lParam);
@@ -49,6 +51,7 @@ INT_PTR CALLBACK SaveNameDialogProc(HWND dialog, UINT message, WPARAM wParam, LP
 
 } // namespace
 
+// Asks for the file name under `title`, proposing `name`.
 bool ShowSaveNameDialog(Text& name, const char* title) {
     SaveNameRequest request{&name, title};
     return DialogBoxParamA(shellState.instance, MAKEINTRESOURCEA(IDD_SAVE_NAME), shellState.mainWindow,

@@ -32,6 +32,7 @@ Text ReadWholeFile(const char* path) {
 
 } // namespace
 
+// Gives the settings file of this login name its tag.
 void MakeUserTag() {
     WCHAR name[257] = L"";
     DWORD length = 257;
@@ -41,6 +42,7 @@ void MakeUserTag() {
         UserTagFromName(reinterpret_cast<const std::uint16_t*>(name), static_cast<std::int32_t>(length) - 1);
 }
 
+// The settings file in the current folder, by its full path.
 Text SettingsPath() {
     char folder[MAX_PATH + 1] = "";
     GetCurrentDirectoryA(MAX_PATH, folder);

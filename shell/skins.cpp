@@ -11,6 +11,7 @@ namespace {
 
 constexpr int SkinWidth = 640, SkinHeight = 448;
 
+// One of the seven skins built into the program.
 HBITMAP LoadStockSkin(int number) {
     return LoadBitmapA(shellState.instance, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number));
 }

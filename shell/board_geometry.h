@@ -25,6 +25,25 @@ constexpr std::int32_t TileSizeForScale(std::int32_t boardScale) {
     return boardScale == 75 ? 48 : 64;
 }
 
+// The moves list's rectangle in client pixels; the panel keeps its width at either scale, and
+// only the list gives up height.
+struct ListRect {
+    std::int32_t left, top, width, height;
+};
+constexpr ListRect ListRectForScale(std::int32_t boardScale) {
+    return boardScale == 75 ? ListRect{424, 148, 128, 128} : ListRect{552, 148, 128, 256};
+}
+
+// Pixels of a clock's rectangle, which the paint recognises by this height alone.
+constexpr std::int32_t ClockHeight = 32;
+
+// The top of the clock of `colour`: below the list for the side at the bottom of the board,
+// above it for the side on top.
+constexpr std::int32_t ClockTop(Word colour, std::int32_t whiteOnTop, const ListRect& list) {
+    const bool atBottom = (colour == White) == (whiteOnTop == 0);
+    return atBottom ? list.top + list.height + ClockHeight : list.top - ClockHeight;
+}
+
 // Turns screen row i and column j into a board square: seen from White's side unless White
 // is on top, in which case the board is turned half a turn.
 constexpr void ScreenToBoard(std::int32_t i, std::int32_t j, std::int32_t whiteOnTop, Word& file, Word& row) {

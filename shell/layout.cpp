@@ -19,11 +19,11 @@ SIZE OuterSize() {
 // Places the list and sizes the window: centred on the screen before it is first shown,
 // afterwards keeping its upper left corner.
 void LayoutMainWindow() {
-    const bool threeQuarter = displaySettings.boardScale == 75;
-    shellState.listTop = 148;
-    shellState.listWidth = 128;
-    shellState.listLeft = threeQuarter ? 424 : 552;
-    shellState.listHeight = threeQuarter ? 128 : 256;
+    const ListRect list = ListRectForScale(displaySettings.boardScale);
+    shellState.listLeft = list.left;
+    shellState.listTop = list.top;
+    shellState.listWidth = list.width;
+    shellState.listHeight = list.height;
     MoveWindow(shellState.movesListWindow, shellState.listLeft, shellState.listTop, shellState.listWidth,
                shellState.listHeight, TRUE);
 

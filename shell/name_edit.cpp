@@ -2,8 +2,7 @@
 // name cannot hold, so that every name can become part of a file name.
 #include <windows.h>
 
-#include <cstring>
-
+#include "shell/name_rules.h"
 #include "shell/shell_parts.h"
 
 namespace {
@@ -11,17 +10,11 @@ namespace {
 // The edit procedure that NameEditProc hands everything else to; all edits share it.
 WNDPROC formerEditProc = nullptr;
 
-// Whether the character is one of the nine a file name cannot hold.
-bool IsRefusedInName(WPARAM character) {
-    return character != 0 && character < 128 &&
-           std::strchr("<>\"\\/*?:|", static_cast<int>(character)) != nullptr;
-}
-
 } // namespace
 
 // Swallows the refused characters and hands everything else to the edit.
 LRESULT CALLBACK NameEditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_CHAR && IsRefusedInName(wParam)) return 0;
+    if (message == WM_CHAR && IsRefusedInName(static_cast<std::uint32_t>(wParam))) return 0;
     return CallWindowProcA(formerEditProc, edit, message, wParam, lParam);
 }
 

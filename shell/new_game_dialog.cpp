@@ -8,13 +8,12 @@
 #include "records/settings.h"
 #include "resource.h"
 #include "shell/gdi_objects.h"
+#include "shell/name_rules.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
 
 namespace {
 
-// The name a computer side carries; one character longer than a typed name may be.
-constexpr char ComputerName[] = "Computer {Velok-3}";
 constexpr int NameLimit = 17, NameBuffer = 51;
 enum TypeRow : int { RowComputer = 0, RowHuman = 1 };
 constexpr int PictureSize = 34;
@@ -78,14 +77,6 @@ void OnInitDialog(HWND dialog) {
     for (const SideControls& side : sideControls)
         SubclassNameEdit(GetDlgItem(dialog, side.nameEdit));
     SetSidePictures(dialog);
-}
-
-// The three name tests of "Start !"; null when both names are there.
-const char* MissingNameMessage(const char* whiteName, const char* blackName) {
-    if (whiteName[0] == 0 && blackName[0] != 0) return "Please enter name (WHITE SIDE)";
-    if (whiteName[0] != 0 && blackName[0] == 0) return "Please enter name (BLACK SIDE)";
-    if (whiteName[0] == 0 && blackName[0] == 0) return "Please enter name (WHITE AND BLACK SIDES)";
-    return nullptr;
 }
 
 // Starts the game the dialog describes; false, with the dialog left open, when a name is missing.

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int LogoWidth = 128, LogoHeight = 64, ClockHeight = 32;
+constexpr int LogoWidth = 128, LogoHeight = 64;
 
 // Pixels of a square at the present scale.
 int TileSize() {

@@ -2,6 +2,7 @@
 // computer's moves, and the 1 s clock of the human side to move.
 #include "core/game_state.h"
 #include "records/settings.h"
+#include "shell/board_geometry.h"
 #include "shell/main_window.h"
 #include "shell/shell_state.h"
 
@@ -25,9 +26,9 @@ void AgeRefusalMarks() {
 } // namespace
 
 RECT ClockRect(int colour) {
-    const bool atBottom = (colour == White) == (displaySettings.whiteOnTop == 0);
-    const int top = atBottom ? shellState.listTop + shellState.listHeight + 32 : shellState.listTop - 32;
-    return RECT{shellState.listLeft, top, shellState.listLeft + shellState.listWidth, top + 32};
+    const ListRect list{shellState.listLeft, shellState.listTop, shellState.listWidth, shellState.listHeight};
+    const int top = ClockTop(colour, displaySettings.whiteOnTop, list);
+    return RECT{list.left, top, list.left + list.width, top + ClockHeight};
 }
 
 // The only place where a computer move begins.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "shell/board_geometry.h"
+#include "shell/name_rules.h"
 #include "shell/selection_colours.h"
 #include "support/board_setup.h"
 
@@ -117,6 +118,20 @@ TEST_F(TileColumnTest, MarksFollowTheirOrder) {
     EXPECT_EQ(Column("e4", facts), TileColumnLight);
 }
 
+TEST(PanelLayout, ListAndClocksFollowTheScaleAndTheOrientation) {
+    const ListRect full = ListRectForScale(100), small = ListRectForScale(75);
+    EXPECT_EQ(full.left, 552);
+    EXPECT_EQ(full.height, 256);
+    EXPECT_EQ(small.left, 424);
+    EXPECT_EQ(small.height, 128);
+    EXPECT_EQ(small.width, full.width);
+    EXPECT_EQ(ClockTop(White, 0, full), 436);
+    EXPECT_EQ(ClockTop(Black, 0, full), 116);
+    EXPECT_EQ(ClockTop(White, 0, small), 308);
+    EXPECT_EQ(ClockTop(White, 1, full), 116);
+    EXPECT_EQ(ClockTop(Black, 1, full), 436);
+}
+
 TEST(SelectionColours, LightInkOnGreyDarkensTheBackground) {
     const RowColours colours = SelectionColours(0x808080, 0xFFFFFF);
     EXPECT_EQ(colours.background, 0x606060u);
@@ -133,6 +148,21 @@ TEST(SelectionColours, DarkInkOnLightBackgroundDarkensBoth) {
     const RowColours colours = SelectionColours(0xF0F0F0, 0x000040);
     EXPECT_EQ(colours.background, 0xC0C0C0u);
     EXPECT_EQ(colours.ink, 0x000038u);
+}
+
+TEST(NameRules, RefuseExactlyTheCharactersAFileNameCannotHold) {
+    std::string refused;
+    for (std::uint32_t c = 1; c < 256; ++c)
+        if (IsRefusedInName(c)) refused += static_cast<char>(c);
+    EXPECT_EQ(refused, "\"*/:<>?\\|");
+    EXPECT_FALSE(IsRefusedInName(0x10000 + '?')) << "only the character itself counts";
+}
+
+TEST(NameRules, MissingNamesAreReportedBySide) {
+    EXPECT_STREQ(MissingNameMessage("", "Bo"), "Please enter name (WHITE SIDE)");
+    EXPECT_STREQ(MissingNameMessage("Ann", ""), "Please enter name (BLACK SIDE)");
+    EXPECT_STREQ(MissingNameMessage("", ""), "Please enter name (WHITE AND BLACK SIDES)");
+    EXPECT_EQ(MissingNameMessage("Ann", ComputerName), nullptr);
 }
 
 } // namespace

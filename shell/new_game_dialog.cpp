@@ -85,7 +85,9 @@ bool StartGame(HWND dialog) {
     for (int colour = White; colour <= Black; ++colour)
         GetDlgItemTextA(dialog, sideControls[colour].nameEdit, names[colour], NameBuffer);
     if (const char* message = MissingNameMessage(names[White], names[Black])) {
-        MessageBoxA(shellState.mainWindow, message, shellState.windowTitle, MB_OK | MB_ICONINFORMATION);
+        // Owned by the dialog, so that closing the message gives the focus back to the dialog
+        // rather than to the main window that the dialog has disabled.
+        MessageBoxA(dialog, message, shellState.windowTitle, MB_OK | MB_ICONINFORMATION);
         return false;
     }
     const bool human[2] = {IsHuman(dialog, White), IsHuman(dialog, Black)};

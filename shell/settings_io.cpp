@@ -2,12 +2,17 @@
 // writing it whole at the end; the text itself is made and parsed by records/settings_file.
 #include <windows.h>
 
+#include <vector>
+
 #include "records/settings.h"
 #include "records/settings_file.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
 
 namespace {
+
+// A settings file is about 340 bytes; anything far larger is not one.
+constexpr DWORD MaxSettingsBytes = 0x100000;
 
 // The whole file as text; empty when there is none, which gives the defaults.
 Text ReadWholeFile(const char* path) {
@@ -16,15 +21,11 @@ Text ReadWholeFile(const char* path) {
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return text;
     const DWORD size = GetFileSize(file, nullptr);
-    if (size != INVALID_FILE_SIZE && size > 0 && size < 0x100000) {
-        char* bytes = new char[size + 1];
+    if (size != INVALID_FILE_SIZE && size > 0 && size < MaxSettingsBytes) {
+        std::vector<char> bytes(size + 1, 0);
         DWORD read = 0;
-        if (ReadFile(file, bytes, size, &read, nullptr)) {
-            bytes[read] = 0;
-            // The profile format has no zero bytes; a stray one simply ends the text.
-            text = Text(bytes);
-        }
-        delete[] bytes;
+        // The profile format has no zero bytes; a stray one simply ends the text.
+        if (ReadFile(file, bytes.data(), size, &read, nullptr)) text = Text(bytes.data());
     }
     CloseHandle(file);
     return text;

@@ -4,8 +4,12 @@ add_link_options(-static -static-libgcc -static-libstdc++)
 
 if(VELOK3_SHELL_SOURCES AND EXISTS ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
   enable_language(RC)
+  # windres does not report the bitmaps and the icon it embeds, so name them as dependencies.
+  file(GLOB VELOK3_ARTWORK CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/*.bmp
+    ${CMAKE_SOURCE_DIR}/resources/*.ico ${CMAKE_SOURCE_DIR}/resources/skins/*.bmp)
+  set_source_files_properties(${CMAKE_SOURCE_DIR}/resources/velok3.rc PROPERTIES OBJECT_DEPENDS "${VELOK3_ARTWORK}")
   add_executable(velok3 WIN32 ${VELOK3_SHELL_SOURCES} ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
-  target_link_libraries(velok3 PRIVATE velok3_portable gdi32 comdlg32 shell32 user32 msimg32)
+  target_link_libraries(velok3 PRIVATE velok3_portable gdi32 comdlg32 shell32 user32 advapi32 msimg32)
   target_include_directories(velok3 PRIVATE ${CMAKE_SOURCE_DIR}/resources)
 endif()
 

@@ -11,7 +11,9 @@ namespace e2e {
 namespace {
 
 // Row length of a 24-bit DIB, padded to four bytes as GDI and the .bmp format want it.
-int PaddedRow(int width) { return (width * 3 + 3) & ~3; }
+int PaddedRow(int width) {
+    return (width * 3 + 3) & ~3;
+}
 
 BITMAPINFO TopDownInfo(int width, int height) {
     BITMAPINFO info{};
@@ -132,7 +134,8 @@ bool SaveBmp(const Image& image, const std::string& path) {
                     rows.begin() + static_cast<size_t>(image.height - 1 - y) * row);
     FILE* out = std::fopen(path.c_str(), "wb");
     if (!out) return false;
-    bool written = std::fwrite(&file, sizeof file, 1, out) == 1 && std::fwrite(&header, sizeof header, 1, out) == 1 &&
+    bool written = std::fwrite(&file, sizeof file, 1, out) == 1 &&
+                   std::fwrite(&header, sizeof header, 1, out) == 1 &&
                    std::fwrite(rows.data(), 1, rows.size(), out) == rows.size();
     return std::fclose(out) == 0 && written;
 }

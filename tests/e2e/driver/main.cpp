@@ -24,7 +24,8 @@ constexpr e2e::Scenario scenarios[] = {
 
 int main(int argc, char** argv) {
     if (argc == 2 && std::strcmp(argv[1], "list") == 0) {
-        for (const auto& scenario : scenarios) std::printf("%s\n", scenario.name);
+        for (const auto& scenario : scenarios)
+            std::printf("%s\n", scenario.name);
         return 0;
     }
     if (argc != 3) {

@@ -44,8 +44,9 @@ std::vector<HWND> WindowsOf(DWORD processId, const char* className) {
 // program must fail the run, not hold it. A window that has gone meanwhile gives 0.
 LRESULT SendOrAbort(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide = false) {
     DWORD_PTR result = 0;
-    LRESULT sent = wide ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
-                        : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
+    LRESULT sent =
+        wide ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
+             : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
     if (!sent && IsWindow(target))
         Abort("program answers a message", "no answer to message " + std::to_string(message));
     return static_cast<LRESULT>(result);
@@ -53,7 +54,8 @@ LRESULT SendOrAbort(HWND target, UINT message, WPARAM wParam, LPARAM lParam, boo
 
 std::string Narrow(const std::wstring& wide) {
     std::string text;
-    for (wchar_t c : wide) text += c < 128 ? static_cast<char>(c) : '?';
+    for (wchar_t c : wide)
+        text += c < 128 ? static_cast<char>(c) : '?';
     return text;
 }
 
@@ -116,8 +118,8 @@ void Program::Start(const char* name) {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
     char commandLine[] = "velok3.exe";
-    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
-                        &startup, &info))
+    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &startup, &info))
         Abort("start " + label, "CreateProcess failed with error " + std::to_string(GetLastError()));
     AssignProcessToJobObject(job, info.hProcess);
     ResumeThread(info.hThread);
@@ -139,8 +141,8 @@ DWORD Program::StartSecondCopy() {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
     char commandLine[] = "velok3.exe";
-    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
-                        &startup, &info))
+    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &startup, &info))
         Abort("start a second copy", "CreateProcess failed");
     AssignProcessToJobObject(job, info.hProcess);
     ResumeThread(info.hThread);
@@ -153,7 +155,9 @@ DWORD Program::StartSecondCopy() {
     return code;
 }
 
-std::vector<HWND> Program::Dialogs() const { return WindowsOf(processId, DialogClass); }
+std::vector<HWND> Program::Dialogs() const {
+    return WindowsOf(processId, DialogClass);
+}
 
 bool Program::Expected(HWND dialog) {
     std::erase_if(expectedDialogs, [](HWND known) { return !IsWindow(known) || !IsWindowVisible(known); });
@@ -185,9 +189,13 @@ bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char
     }
 }
 
-void Program::Click(int x, int y, UINT message) { PostMessageA(window, message, 0, MAKELPARAM(x, y)); }
+void Program::Click(int x, int y, UINT message) {
+    PostMessageA(window, message, 0, MAKELPARAM(x, y));
+}
 
-void Program::Command(int id) { PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, 0), 0); }
+void Program::Command(int id) {
+    PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, 0), 0);
+}
 
 HWND Program::FindDialog(const char* title) const {
     for (HWND dialog : Dialogs())
@@ -198,7 +206,8 @@ HWND Program::FindDialog(const char* title) const {
 HWND Program::WaitForDialog(const char* title, int limit) {
     HWND dialog = nullptr;
     if (!WaitUntil([&] { return (dialog = FindDialog(title)) != nullptr; }, limit, title))
-        Abort(std::string("dialog \"") + title + "\" opens", "not there after " + std::to_string(limit) + " ms");
+        Abort(std::string("dialog \"") + title + "\" opens",
+              "not there after " + std::to_string(limit) + " ms");
     expectedDialogs.push_back(dialog);
     return dialog;
 }
@@ -212,7 +221,8 @@ void Program::ExpectMessage(const std::string& text, int button, int limit) {
 
 void Program::PressButton(HWND dialog, int id, bool closes) {
     std::string title = TextOf(dialog);
-    PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+    PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
     if (closes && !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
                              title.c_str()))
         Abort("dialog closes on button " + std::to_string(id), "still open");
@@ -271,8 +281,8 @@ std::vector<bool> Program::MenuEntriesGreyed(char mnemonic, int entries) {
         if (popups.empty()) return false;
         RECT frame{};
         GetWindowRect(popups.front(), &frame);
-        greyed = GreyedMenuRows(CaptureScreen(frame.left, frame.top, frame.right - frame.left,
-                                              frame.bottom - frame.top));
+        greyed = GreyedMenuRows(
+            CaptureScreen(frame.left, frame.top, frame.right - frame.left, frame.bottom - frame.top));
         return static_cast<int>(greyed.size()) == entries;
     };
     bool seen = WaitUntil(read, ShortWait);

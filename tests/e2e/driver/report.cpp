@@ -22,8 +22,10 @@ std::string FileNameOf(const std::string& what) {
     std::string name;
     for (char c : what) {
         bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        if (plain) name += c;
-        else if (!name.empty() && name.back() != '-') name += '-';
+        if (plain)
+            name += c;
+        else if (!name.empty() && name.back() != '-')
+            name += '-';
         if (name.size() >= 48) break;
     }
     return name;
@@ -44,7 +46,16 @@ void Screenshot(const std::string& name) {
     if (!SaveBmp(CaptureWholeScreen(), path)) std::printf("note: could not write %s\n", path.c_str());
 }
 
-bool Check(bool ok, const std::string& what, const std::string& detail) {
+// The text on one line, a line break written as \n, so that every verdict is one line.
+static std::string OneLine(const std::string& text) {
+    std::string line;
+    for (char c : text)
+        line += c == '\n' ? std::string("\\n") : c == '\r' ? std::string() : std::string(1, c);
+    return line;
+}
+
+bool Check(bool ok, const std::string& checked, const std::string& reason) {
+    const std::string what = OneLine(checked), detail = OneLine(reason);
     if (ok) {
         std::printf("PASS %s: %s\n", scenarioName.c_str(), what.c_str());
     } else {
@@ -64,6 +75,8 @@ void Abort(const std::string& what, const std::string& detail) {
     ExitProcess(2);
 }
 
-int FailedChecks() { return failed; }
+int FailedChecks() {
+    return failed;
+}
 
 } // namespace e2e

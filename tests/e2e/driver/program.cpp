@@ -171,7 +171,8 @@ void Program::AbortOnDialog(HWND dialog) const {
 }
 
 bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char* allowedDialog) {
-    for (int waited = 0;; waited += 10) {
+    const DWORD started = GetTickCount();
+    for (;;) {
         if (done()) return true;
         if (WaitForSingleObject(process, 0) == WAIT_OBJECT_0) {
             DWORD code = 0;
@@ -184,7 +185,7 @@ bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char
             bool closing = !IsWindow(dialog) || !IsWindowVisible(dialog);
             if (!closing && !(allowedDialog && title == allowedDialog)) AbortOnDialog(dialog);
         }
-        if (waited >= limit) return false;
+        if (GetTickCount() - started >= static_cast<DWORD>(limit)) return false;
         Sleep(10);
     }
 }

@@ -18,6 +18,7 @@ constexpr e2e::Scenario scenarios[] = {
     {"black-vs-normal", e2e::HumanBlackAgainstNormal},
     {"computer-vs-computer", e2e::ComputerAgainstComputer},
     {"settings-edited", e2e::HandEditedSettings},
+    {"white-on-top", e2e::WhiteOnTop},
 };
 
 } // namespace

@@ -99,12 +99,19 @@ std::vector<bool> GreyedMenuRows(const Image& popup) {
 
 } // namespace
 
+std::string WindowText(HWND target) {
+    if (!target) return "";
+    LRESULT length = SendOrAbort(target, WM_GETTEXTLENGTH, 0, 0);
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    LRESULT copied = SendOrAbort(target, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(copied < 0 ? 0 : static_cast<size_t>(copied));
+    return text;
+}
+
 std::string MessageBoxText(HWND box) {
-    char text[1024] = "";
-    GetDlgItemTextA(box, MessageTextId, text, sizeof text);
     std::string plain;
-    for (const char* c = text; *c; ++c)
-        if (*c != '\r') plain += *c;
+    for (char c : WindowText(GetDlgItem(box, MessageTextId)))
+        if (c != '\r') plain += c;
     return plain;
 }
 
@@ -234,12 +241,7 @@ void Program::SetText(HWND dialog, int id, const char* text) {
 }
 
 std::string Program::TextOf(HWND target) const {
-    if (!target) return "";
-    LRESULT length = SendOrAbort(target, WM_GETTEXTLENGTH, 0, 0);
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    LRESULT copied = SendOrAbort(target, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<size_t>(copied));
-    return text;
+    return WindowText(target);
 }
 
 void Program::ChooseRow(HWND dialog, int id, int row) {

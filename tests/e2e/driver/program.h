@@ -114,6 +114,9 @@ class Program {
     std::vector<HWND> expectedDialogs;
 };
 
+// The text of any window of the program, read by a send with a time limit.
+std::string WindowText(HWND window);
+
 // The text of a message box, with its line breaks as \n.
 std::string MessageBoxText(HWND box);
 

@@ -44,9 +44,13 @@ void HumanWhiteAgainstEasy() {
     Program program;
     program.Start();
     NewGame game;
-    game.whiteName = "Alice";
     game.level = RowEasy;
-    StartNewGame(program, game);
+    HWND dialog = FillNewGameDialog(program, game);
+    program.PressButton(dialog, IDOK, false);
+    program.ExpectMessage("Please enter name (WHITE SIDE)", IDOK);
+    Check(IsWindowVisible(dialog) != 0, "the New game dialog stays open after the refusal");
+    program.SetText(dialog, 1015, "Alice");
+    program.PressButton(dialog, IDOK, true);
     Sleep(500);
     Check(program.Rows().size() == 1, "the computer as Black waits for White's first move");
     PlayMove(program, view, "e2e4", 2);

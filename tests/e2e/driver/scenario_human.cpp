@@ -55,11 +55,19 @@ void HumanGameToMate() {
     Check(GameMenuLook(program) == "eeGe", "Game Save greyed before the first move", GameMenuLook(program));
     Check(PositionMenuLook(program) == "eee", "Position Save enabled during a game",
           PositionMenuLook(program));
-    Image shown = program.CaptureClient();
-    Check(CountPixelsNear(shown, 532, 84, 168, 32, RGB(255, 255, 255), 40) > 10 &&
-              CountPixelsNear(shown, 532, 405, 168, 31, RGB(255, 255, 255), 40) > 10,
-          "both names shown beside the board");
+    Image shown;
+    auto namesShown = [](const Image& now) {
+        return CountPixelsNear(now, 532, 84, 168, 32, RGB(255, 255, 255), 40) > 10 &&
+               CountPixelsNear(now, 532, 405, 168, 31, RGB(255, 255, 255), 40) > 10;
+    };
+    Check(WaitForScreen(program, namesShown, ShortWait), "both names shown beside the board");
     CheckClocks(program, LowerClock, UpperClock, "White");
+
+    POINT e2 = SquareCentre(view, "e2");
+    program.Click(e2.x, e2.y, WM_RBUTTONUP);
+    Sleep(300);
+    Check(ShowsTile(program.CaptureClient(), view, "e2", 'P', ColumnPlain),
+          "the other mouse button neither selects nor moves");
 
     ClickSquare(program, view, "e2");
     bool selected = WaitForScreen(

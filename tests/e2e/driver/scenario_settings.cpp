@@ -76,3 +76,48 @@ void HandEditedSettings() {
 }
 
 } // namespace e2e
+
+namespace e2e {
+
+void WhiteOnTop() {
+    std::string settingsName = LearnSettingsFileName();
+    WriteWholeFile(settingsName, CrLfLines({"[SHOW]", "WHITE ON TOP = YES"}));
+    ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
+    BoardView view{&skin.full, 64, true};
+    Program program;
+    program.Start();
+    Image shown;
+    bool board = WaitForScreen(
+        program,
+        [&](const Image& now) { return SquaresDiffering(now, view, Placement(StartPlacement)).empty(); },
+        ShortWait, &shown);
+    Check(board, "WHITE ON TOP = YES turns the board half round",
+          "squares differing: " + SquaresDiffering(shown, view, Placement(StartPlacement)));
+
+    NewGame game;
+    game.black = RowHuman;
+    game.whiteName = "Alice";
+    game.blackName = "Bob";
+    StartNewGame(program, game);
+    ClickSquare(program, view, "g1");
+    bool selected = WaitForScreen(
+        program,
+        [&](const Image& now) {
+            return ShowsTile(now, view, "g1", 'N', ColumnAlert) &&
+                   ShowsTile(now, view, "f3", '.', ColumnTarget) &&
+                   ShowsTile(now, view, "h3", '.', ColumnTarget);
+        },
+        ShortWait);
+    Check(selected, "a click on the second square of the top row selects the knight on g1");
+    Screenshot("white on top, g1 selected");
+    ClickSquare(program, view, "f3");
+    if (!program.WaitForRows(2, ShortWait)) Abort("Ng1-f3 is played", JoinRows(program.Rows()));
+    Check(program.Rows().back() == " 1. Ng1-f3", "the move is played on the turned board",
+          program.Rows().back());
+    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    std::string written = ReadWholeFile(settingsName);
+    Check(written.find("\r\nWHITE ON TOP = YES\r\n") != std::string::npos,
+          "WHITE ON TOP = YES is written back");
+}
+
+} // namespace e2e

@@ -26,7 +26,8 @@ void HumanWhiteAgainstEasy();
 void HumanBlackAgainstNormal();
 void ComputerAgainstComputer();
 
-// A settings file edited by hand, read and written back.
+// A settings file edited by hand, read and written back; the board turned by the settings.
 void HandEditedSettings();
+void WhiteOnTop();
 
 } // namespace e2e

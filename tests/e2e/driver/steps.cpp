@@ -41,7 +41,7 @@ std::string MenuLook(Program& program, char mnemonic, int entries) {
 
 } // namespace
 
-void StartNewGame(Program& program, const NewGame& game) {
+HWND FillNewGameDialog(Program& program, const NewGame& game) {
     program.Command(CommandNewGame);
     HWND dialog = program.WaitForDialog("New game");
     FillSide(program, dialog, WhiteTypeId, WhiteNameId, game.white, game.whiteName, "White");
@@ -50,7 +50,11 @@ void StartNewGame(Program& program, const NewGame& game) {
     Check(IsWindowEnabled(GetDlgItem(dialog, LevelId)) == !twoHumans,
           twoHumans ? "level list disabled for two humans" : "level list enabled against the computer");
     if (!twoHumans) program.ChooseRow(dialog, LevelId, game.level);
-    program.PressButton(dialog, IDOK, true);
+    return dialog;
+}
+
+void StartNewGame(Program& program, const NewGame& game) {
+    program.PressButton(FillNewGameDialog(program, game), IDOK, true);
 }
 
 void ClickSquare(Program& program, const BoardView& view, const char* square) {

@@ -24,8 +24,11 @@ struct NewGame {
     LevelRow level = RowNormal;
 };
 
-// Opens the New game dialog by the menu, fills it in as a user would, checks what the dialog
-// does to the name edits and the level list on the way, and presses "Start !".
+// Opens the New game dialog by the menu and fills it in as a user would, checking what the
+// dialog does to the name edits and the level list on the way. Gives the open dialog.
+HWND FillNewGameDialog(Program& program, const NewGame& game);
+
+// Fills in the New game dialog and presses "Start !".
 void StartNewGame(Program& program, const NewGame& game);
 
 // Plays "e2e4" by a click on each square, then waits for the moves list to grow to `rows`.

@@ -18,10 +18,7 @@ constexpr int ComputerWait = 60000;
 
 // Ids of the program's commands and controls.
 enum ProgramId : int {
-    CommandExit = 105,
-    CommandSaveGame = 32772,
     CommandNewGame = 32774,
-    CommandSavePosition = 32780,
     MovesListId = 110,
     MessageTextId = 0xFFFF,
 };

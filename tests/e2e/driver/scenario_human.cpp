@@ -44,25 +44,23 @@ void StartHumanGame(Program& program) {
     Check(rows.size() == 1 && rows[0] == " 0.", "a new game's list holds the row \" 0.\"", JoinRows(rows));
 }
 
-} // namespace
-
-void HumanGameToMate() {
-    ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
-    BoardView view{&skin.full, 64, false};
-    Program program;
-    program.Start();
-    StartHumanGame(program);
+// Checks what a new game of two people shows before the first move: Save entries, names, and
+// White's clock counting.
+void CheckGameStart(Program& program) {
     Check(GameMenuLook(program) == "eeGe", "Game Save greyed before the first move", GameMenuLook(program));
     Check(PositionMenuLook(program) == "eee", "Position Save enabled during a game",
           PositionMenuLook(program));
-    Image shown;
     auto namesShown = [](const Image& now) {
         return CountPixelsNear(now, 532, 84, 168, 32, RGB(255, 255, 255), 40) > 10 &&
                CountPixelsNear(now, 532, 405, 168, 31, RGB(255, 255, 255), 40) > 10;
     };
     Check(WaitForScreen(program, namesShown, ShortWait), "both names shown beside the board");
     CheckClocks(program, LowerClock, UpperClock, "White");
+}
 
+// Selects e2 with the play button (the other one does nothing), checks its targets, and clicks
+// e5, out of reach, to see the refusal flash come and go with the selection kept.
+void CheckSelectionAndRefusal(Program& program, const BoardView& view) {
     POINT e2 = SquareCentre(view, "e2");
     program.Click(e2.x, e2.y, WM_RBUTTONUP);
     Sleep(300);
@@ -70,6 +68,7 @@ void HumanGameToMate() {
           "the other mouse button neither selects nor moves");
 
     ClickSquare(program, view, "e2");
+    Image shown;
     bool selected = WaitForScreen(
         program,
         [&](const Image& now) {
@@ -96,9 +95,12 @@ void HumanGameToMate() {
           "it lasted " + std::to_string(lasted) + " ms");
     Check(ShowsTile(shown, view, "e2", 'P', ColumnAlert) && ShowsTile(shown, view, "e4", '.', ColumnTarget),
           "the selection and its targets stay after a refused click");
+}
 
+// Moves the selection to f2 and plays f2-f3: the last move's marks, Save, and Black's clock.
+void PlayFirstMove(Program& program, const BoardView& view) {
     ClickSquare(program, view, "f2");
-    selected = WaitForScreen(
+    bool selected = WaitForScreen(
         program,
         [&](const Image& now) {
             return ShowsTile(now, view, "f2", 'P', ColumnAlert) &&
@@ -118,7 +120,11 @@ void HumanGameToMate() {
     Check(marked, "both squares of the last move are marked");
     Check(GameMenuLook(program) == "eeee", "Game Save enabled after the first move", GameMenuLook(program));
     CheckClocks(program, UpperClock, LowerClock, "Black");
+}
 
+// Plays on to fool's mate and checks the message, the list, the board and that the game takes
+// no more moves.
+void PlayToMate(Program& program, const BoardView& view) {
     PlayMove(program, view, "e7e5", 3);
     PlayMove(program, view, "g2g4", 4);
     ClickSquare(program, view, "d8");
@@ -144,6 +150,20 @@ void HumanGameToMate() {
     Sleep(300);
     Check(ShowsTile(program.CaptureClient(), view, "g1", 'N', ColumnPlain),
           "after mate a click selects nothing");
+}
+
+} // namespace
+
+void HumanGameToMate() {
+    ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
+    BoardView view{&skin.full, 64, false};
+    Program program;
+    program.Start();
+    StartHumanGame(program);
+    CheckGameStart(program);
+    CheckSelectionAndRefusal(program, view);
+    PlayFirstMove(program, view);
+    PlayToMate(program, view);
     Check(program.Close(true) == 0, "closing after the game asks to save and exits with 0");
 }
 

@@ -55,19 +55,15 @@ std::string DefaultSettings(int scale) {
                       "NUMBER = 0"});
 }
 
-// Checks the window of a fresh start: size and place, board, logo, coordinates, the empty framed
-// list, no names or clocks, both Save entries greyed, and clicks that do nothing.
-void CheckFreshWindow(Program& program, const ProgramSkin& skin, int scale) {
-    const Layout layout = LayoutAt(scale);
-    const int boardPixels = 8 * layout.tileSize;
-    const std::string at = " at scale " + std::to_string(scale);
-    BoardView view{scale == 75 ? &skin.threeQuarter : &skin.full, layout.tileSize, false};
-
+// Checks the title, the client size for the scale and that the window is centred.
+void CheckWindowFrame(Program& program, int scale) {
+    const int boardPixels = 8 * LayoutAt(scale).tileSize;
     char title[64] = "";
     GetWindowTextA(program.Window(), title, sizeof title);
     Check(std::string(title) == "Velok-3", "title is Velok-3", title);
     SIZE client = program.ClientSize();
-    Check(client.cx == boardPixels + 188 && client.cy == boardPixels + 40, "client area" + at,
+    Check(client.cx == boardPixels + 188 && client.cy == boardPixels + 40,
+          "client area at scale " + std::to_string(scale),
           std::to_string(client.cx) + " by " + std::to_string(client.cy));
     RECT frame{};
     GetWindowRect(program.Window(), &frame);
@@ -75,7 +71,14 @@ void CheckFreshWindow(Program& program, const ProgramSkin& skin, int scale) {
     int centreY = (frame.top + frame.bottom) / 2 - GetSystemMetrics(SM_CYSCREEN) / 2;
     Check(std::abs(centreX) <= 1 && std::abs(centreY) <= 1, "window centred on the screen",
           "off by " + std::to_string(centreX) + ", " + std::to_string(centreY));
+}
 
+// Checks the board, the logo and the coordinates; gives the capture for the panel's checks.
+Image CheckBoard(Program& program, const ProgramSkin& skin, int scale) {
+    const Layout layout = LayoutAt(scale);
+    const int boardPixels = 8 * layout.tileSize;
+    const std::string at = " at scale " + std::to_string(scale);
+    BoardView view{scale == 75 ? &skin.threeQuarter : &skin.full, layout.tileSize, false};
     Image shown;
     bool board = WaitForScreen(
         program,
@@ -95,7 +98,13 @@ void CheckFreshWindow(Program& program, const ProgramSkin& skin, int scale) {
     }
     Check(emptyStrips == 0, "a letter under every file and a digit beside every row" + at,
           std::to_string(emptyStrips) + " of 16 coordinate cells are blank");
+    return shown;
+}
 
+// Checks the panel of an idle window: the empty framed list, no names and no clocks.
+void CheckIdlePanel(Program& program, const Image& shown, int scale) {
+    const Layout layout = LayoutAt(scale);
+    const std::string at = " at scale " + std::to_string(scale);
     const int left = layout.listLeft, top = layout.listTop, right = left + 128,
               bottom = top + layout.listHeight;
     bool framed =
@@ -103,22 +112,26 @@ void CheckFreshWindow(Program& program, const ProgramSkin& skin, int scale) {
         shown.Pixel(left + 20, top - 1) == DefaultInk && shown.Pixel(left + 20, bottom) == DefaultInk;
     Check(framed, "moves list framed in ink" + at);
     int plain = CountPixelsNear(shown, left, top, 128, layout.listHeight, DefaultBackground, 0);
-    Check(plain == 128 * layout.listHeight && program.Rows().empty(), "moves list empty" + at,
-          std::to_string(program.Rows().size()) + " rows");
-    const int panel = boardPixels + 20;
+    size_t rows = program.Rows().size();
+    Check(plain == 128 * layout.listHeight && rows == 0, "moves list empty" + at,
+          std::to_string(rows) + " rows");
     // Between the logo and the list's frame, and below the frame: names and clocks would be there.
+    const int panel = 8 * layout.tileSize + 20;
     int upper = CountPixelsNear(shown, panel, 84, 168, 63, DefaultBackground, 0);
     int lower = CountPixelsNear(shown, panel, bottom + 1, 168, 63, DefaultBackground, 0);
     Check(upper == 168 * 63 && lower == 168 * 63, "no names and no clocks" + at);
+}
 
+// Checks the greyed Save entries and that a click on the board does nothing before a game.
+void CheckIdleControls(Program& program, const ProgramSkin& skin, int scale) {
     Check(GameMenuLook(program) == "eeGe", "Game menu: Save greyed, the rest enabled", GameMenuLook(program));
     Check(PositionMenuLook(program) == "eeG", "Position menu: Save greyed, the rest enabled",
           PositionMenuLook(program));
-
+    BoardView view{scale == 75 ? &skin.threeQuarter : &skin.full, LayoutAt(scale).tileSize, false};
     ClickSquare(program, view, "e2");
     Sleep(300);
     Check(SquaresDiffering(program.CaptureClient(), view, Placement(StartPlacement)).empty(),
-          "a click before any game selects nothing" + at);
+          "a click before any game selects nothing at scale " + std::to_string(scale));
 }
 
 // Starts with a settings file for the scale, checks the window, and checks the file written back.
@@ -132,7 +145,9 @@ void StartAtScale(int scale) {
     Program program;
     program.Start();
     Screenshot("start at scale " + std::to_string(scale));
-    CheckFreshWindow(program, skin, scale);
+    CheckWindowFrame(program, scale);
+    CheckIdlePanel(program, CheckBoard(program, skin, scale), scale);
+    CheckIdleControls(program, skin, scale);
     Check(program.Close(false) == 0, "closing an idle window asks nothing and exits with 0");
     std::string settingsName = FindSettingsFile();
     std::string written = ReadWholeFile(settingsName);

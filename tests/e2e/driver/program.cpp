@@ -42,16 +42,20 @@ std::vector<HWND> WindowsOf(DWORD processId, const char* className) {
 
 // Sends with a time limit and stops the scenario when the program does not answer: a hung
 // program must fail the run, not hold it. A window that has gone meanwhile gives 0.
-LRESULT SendOrAbort(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide = false) {
+enum SendForm : bool { AnsiSend = false, WideSend = true };
+
+LRESULT SendOrAbort(HWND target, UINT message, WPARAM wParam, LPARAM lParam, SendForm form = AnsiSend) {
     DWORD_PTR result = 0;
     LRESULT sent =
-        wide ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
-             : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
+        form == WideSend
+            ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
+            : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
     if (!sent && IsWindow(target))
         Abort("program answers a message", "no answer to message " + std::to_string(message));
     return static_cast<LRESULT>(result);
 }
 
+// The rows are plain ASCII; anything else shows as '?' in a message.
 std::string Narrow(const std::wstring& wide) {
     std::string text;
     for (wchar_t c : wide)
@@ -78,16 +82,20 @@ bool BandHolds(const Image& image, int top, int bottom, COLORREF colour, int tol
 // enabled when it holds the menu text colour, or, highlighted, the highlighted text colour.
 std::vector<bool> GreyedMenuRows(const Image& popup) {
     const COLORREF background = GetSysColor(COLOR_MENU);
-    const int margin = 3;
+    const int margin = 3, bottom = popup.height - margin;
+    auto rowHasInk = [&](int y) {
+        for (int x = margin; x < popup.width - margin; ++x)
+            if (ColourDistance(popup.Pixel(x, y), background) > 40) return true;
+        return false;
+    };
     std::vector<bool> greyed;
     int top = -1;
-    for (int y = margin; y <= popup.height - margin; ++y) {
-        bool ink = false;
-        for (int x = margin; x < popup.width - margin && !ink && y < popup.height - margin; ++x)
-            ink = ColourDistance(popup.Pixel(x, y), background) > 40;
-        if (ink && top < 0) top = y;
-        if (ink || top < 0) continue;
-        if (y - top >= 5) {
+    for (int y = margin; y <= bottom; ++y) {
+        if (y < bottom && rowHasInk(y)) {
+            if (top < 0) top = y;
+            continue;
+        }
+        if (top >= 0 && y - top >= 5) {
             bool highlighted = BandHolds(popup, top, y, GetSysColor(COLOR_HIGHLIGHT), 8);
             COLORREF text = GetSysColor(highlighted ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT);
             greyed.push_back(!BandHolds(popup, top, y, text, 60));
@@ -226,15 +234,16 @@ void Program::ExpectMessage(const std::string& text, int button, int limit) {
     HWND box = WaitForDialog("Velok-3", limit);
     std::string shown = MessageBoxText(box);
     Check(shown == text, "message \"" + text + "\"", "the box says \"" + shown + "\"");
-    PressButton(box, button, true);
+    PressButton(box, button, ClosesDialog);
 }
 
-void Program::PressButton(HWND dialog, int id, bool closes) {
+void Program::PressButton(HWND dialog, int id, ButtonEffect effect) {
     std::string title = TextOf(dialog);
     PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
-    if (closes && !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
-                             title.c_str()))
+    if (effect == ClosesDialog &&
+        !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
+                   title.c_str()))
         Abort("dialog closes on button " + std::to_string(id), "still open");
 }
 
@@ -254,12 +263,12 @@ void Program::ChooseRow(HWND dialog, int id, int row) {
 
 std::vector<std::string> Program::Rows() const {
     std::vector<std::string> rows;
-    LRESULT count = SendOrAbort(list, LB_GETCOUNT, 0, 0, true);
+    LRESULT count = SendOrAbort(list, LB_GETCOUNT, 0, 0, WideSend);
     for (LRESULT row = 0; row < count; ++row) {
-        LRESULT length = SendOrAbort(list, LB_GETTEXTLEN, row, 0, true);
+        LRESULT length = SendOrAbort(list, LB_GETTEXTLEN, row, 0, WideSend);
         if (length < 0) break;
         std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-        LRESULT copied = SendOrAbort(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()), true);
+        LRESULT copied = SendOrAbort(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()), WideSend);
         text.resize(copied < 0 ? 0 : static_cast<size_t>(copied));
         rows.push_back(Narrow(text));
     }
@@ -313,9 +322,9 @@ Image Program::CaptureClient() const {
     return CaptureScreen(origin.x, origin.y, size.cx, size.cy);
 }
 
-DWORD Program::Close(bool expectSaveQuestion) {
+DWORD Program::Close(SaveQuestion question) {
     PostMessageA(window, WM_CLOSE, 0, 0);
-    if (expectSaveQuestion) ExpectMessage("Save current game?", IDNO);
+    if (question == AsksToSave) ExpectMessage("Save current game?", IDNO);
     return WaitForExit(ShortWait * 2);
 }
 

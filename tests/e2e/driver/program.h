@@ -23,6 +23,9 @@ enum ProgramId : int {
     MessageTextId = 0xFFFF,
 };
 
+enum ButtonEffect : bool { KeepsOpen = false, ClosesDialog = true };
+enum SaveQuestion : bool { AsksNothing = false, AsksToSave = true };
+
 class Program {
   public:
     // Starts velok3.exe of the current folder and waits for its main window. `label` names the
@@ -56,8 +59,8 @@ class Program {
     void ExpectMessage(const std::string& text, int button, int limit = ShortWait);
 
     // Presses a button of a dialog by posting its BN_CLICKED, and waits for the dialog to close
-    // when `closes` is set.
-    void PressButton(HWND dialog, int id, bool closes);
+    // when the button should close it.
+    void PressButton(HWND dialog, int id, ButtonEffect effect);
 
     // Sets the text of a dialog's control.
     void SetText(HWND dialog, int id, const char* text);
@@ -85,9 +88,9 @@ class Program {
     // Copies the client area as it is on the screen.
     Image CaptureClient() const;
 
-    // Closes the main window; answers the question about saving with No when it comes. Returns
-    // the exit code after the program has ended.
-    DWORD Close(bool expectSaveQuestion);
+    // Closes the main window; when the question about saving is expected, checks it and answers
+    // No. Returns the exit code after the program has ended.
+    DWORD Close(SaveQuestion question);
 
     // Waits for the program to end by itself and gives its exit code.
     DWORD WaitForExit(int limit);

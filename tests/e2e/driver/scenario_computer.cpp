@@ -46,11 +46,11 @@ void HumanWhiteAgainstEasy() {
     NewGame game;
     game.level = RowEasy;
     HWND dialog = FillNewGameDialog(program, game);
-    program.PressButton(dialog, IDOK, false);
+    program.PressButton(dialog, IDOK, KeepsOpen);
     program.ExpectMessage("Please enter name (WHITE SIDE)", IDOK);
     Check(IsWindowVisible(dialog) != 0, "the New game dialog stays open after the refusal");
     program.SetText(dialog, 1015, "Alice");
-    program.PressButton(dialog, IDOK, true);
+    program.PressButton(dialog, IDOK, ClosesDialog);
     Sleep(500);
     Check(program.Rows().size() == 1, "the computer as Black waits for White's first move");
     PlayMove(program, view, "e2e4", 2);
@@ -58,7 +58,7 @@ void HumanWhiteAgainstEasy() {
     PlayMove(program, view, "g1f3", 4);
     ExpectComputerMove(program, 5, "the computer answers 2. Ng1-f3 at Easy without a click");
     Screenshot("human against Easy");
-    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
 }
 
 void HumanBlackAgainstNormal() {
@@ -76,7 +76,7 @@ void HumanBlackAgainstNormal() {
     PlayMove(program, view, "e7e5", 3);
     ExpectComputerMove(program, 4, "the computer answers 1... e7-e5 at Normal without a click");
     Screenshot("human against Normal");
-    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
 }
 
 void ComputerAgainstComputer() {
@@ -92,7 +92,7 @@ void ComputerAgainstComputer() {
                            "ply " + std::to_string(rows - 1) + " of two computers comes by itself",
                            SkipTitle);
     Screenshot("computer against computer");
-    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
 }
 
 } // namespace e2e

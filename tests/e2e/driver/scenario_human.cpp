@@ -164,7 +164,7 @@ void HumanGameToMate() {
     CheckSelectionAndRefusal(program, view);
     PlayFirstMove(program, view);
     PlayToMate(program, view);
-    Check(program.Close(true) == 0, "closing after the game asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing after the game asks to save and exits with 0");
 }
 
 void HumanPromotion() {
@@ -184,7 +184,7 @@ void HumanPromotion() {
     Screenshot("promotion dialog");
     Check(GetDlgItem(dialog, 2) && GetDlgItem(dialog, 3) && GetDlgItem(dialog, 4) && GetDlgItem(dialog, 5),
           "the promotion dialog offers knight, bishop, rook and queen");
-    program.PressButton(dialog, 5, true);
+    program.PressButton(dialog, 5, ClosesDialog);
     if (!program.WaitForRows(rows + 1, ShortWait)) Abort("the promotion is played", JoinRows(program.Rows()));
     std::vector<std::string> shownRows = program.Rows();
     Check(shownRows.back() == " 5. b7xa8=Q", "the list shows the capture and the promotion",
@@ -197,7 +197,7 @@ void HumanPromotion() {
         },
         ShortWait);
     Check(queen, "a white queen stands on a8");
-    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
 }
 
 } // namespace e2e

@@ -44,7 +44,7 @@ void HandEditedSettings() {
     Check(shown.Pixel(551, 200) == ink, "the list frame takes the ink of the file, missing keys at 255");
     int coordinates = CountPixelsNear(shown, 20, 532, 512, 20, ink, 40);
     Check(coordinates > 20, "COORDINATES = no in lower case still shows them");
-    Check(program.Close(false) == 0, "closing exits with 0");
+    Check(program.Close(AsksNothing) == 0, "closing exits with 0");
 
     std::string expected = CrLfLines({"[SHOW]",
                                       "LEGAL MOVE = YES",
@@ -114,7 +114,7 @@ void WhiteOnTop() {
     if (!program.WaitForRows(2, ShortWait)) Abort("Ng1-f3 is played", JoinRows(program.Rows()));
     Check(program.Rows().back() == " 1. Ng1-f3", "the move is played on the turned board",
           program.Rows().back());
-    Check(program.Close(true) == 0, "closing asks to save and exits with 0");
+    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
     std::string written = ReadWholeFile(settingsName);
     Check(written.find("\r\nWHITE ON TOP = YES\r\n") != std::string::npos,
           "WHITE ON TOP = YES is written back");

@@ -148,7 +148,7 @@ void StartAtScale(int scale) {
     CheckWindowFrame(program, scale);
     CheckIdlePanel(program, CheckBoard(program, skin, scale), scale);
     CheckIdleControls(program, skin, scale);
-    Check(program.Close(false) == 0, "closing an idle window asks nothing and exits with 0");
+    Check(program.Close(AsksNothing) == 0, "closing an idle window asks nothing and exits with 0");
     std::string settingsName = FindSettingsFile();
     std::string written = ReadWholeFile(settingsName);
     Check(written == expected, "settings file \"" + settingsName + "\" written byte for byte",
@@ -179,7 +179,7 @@ void SecondStart() {
     bool single = FindWindowA("VELOK3", nullptr) == program.Window() && !other;
     Check(single, "one window of class VELOK3 only");
     Screenshot("first window brought forward");
-    Check(program.Close(false) == 0, "the first copy exits with 0");
+    Check(program.Close(AsksNothing) == 0, "the first copy exits with 0");
 }
 
 } // namespace e2e

@@ -54,7 +54,7 @@ HWND FillNewGameDialog(Program& program, const NewGame& game) {
 }
 
 void StartNewGame(Program& program, const NewGame& game) {
-    program.PressButton(FillNewGameDialog(program, game), IDOK, true);
+    program.PressButton(FillNewGameDialog(program, game), IDOK, ClosesDialog);
 }
 
 void ClickSquare(Program& program, const BoardView& view, const char* square) {
@@ -131,7 +131,7 @@ std::string CrLfLines(const std::vector<std::string>& lines) {
 std::string LearnSettingsFileName() {
     Program program;
     program.Start("velok3.exe (to learn the settings file's name)");
-    program.Close(false);
+    program.Close(AsksNothing);
     std::string name = FindSettingsFile();
     if (name.empty()) Abort("settings file written at exit", "no file velok-3 {*}.ini in the folder");
     return name;

@@ -255,6 +255,12 @@ std::string Program::TextOf(HWND target) const {
     return WindowText(target);
 }
 
+bool Program::DialogShows(HWND dialog, const std::string& text) const {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (TextOf(child) == text) return true;
+    return false;
+}
+
 void Program::ChooseRow(HWND dialog, int id, int row) {
     HWND combo = GetDlgItem(dialog, id);
     SendOrAbort(combo, CB_SETCURSEL, row, 0);

@@ -18,6 +18,8 @@ constexpr int ComputerWait = 60000;
 
 // Ids of the program's commands and controls.
 enum ProgramId : int {
+    CommandAbout = 104,
+    CommandExit = 105,
     CommandNewGame = 32774,
     MovesListId = 110,
     MessageTextId = 0xFFFF,
@@ -64,6 +66,9 @@ class Program {
 
     // Sets the text of a dialog's control.
     void SetText(HWND dialog, int id, const char* text);
+
+    // True when a control of the dialog shows exactly this text.
+    bool DialogShows(HWND dialog, const std::string& text) const;
 
     // The text of a window or of a dialog's control.
     std::string TextOf(HWND window) const;

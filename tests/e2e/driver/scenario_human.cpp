@@ -145,6 +145,12 @@ void PlayToMate(Program& program, const BoardView& view) {
         },
         ShortWait);
     Check(mated, "the mated king shows in check and the queen on the last move's square");
+    // Rows are 25 pixels high from the list's top; only the selected last row is darker (96).
+    Image list = program.CaptureClient();
+    int selectedRow = CountPixelsNear(list, 552, 148 + 4 * 25, 128, 25, RGB(96, 96, 96), 0);
+    int otherRows = CountPixelsNear(list, 552, 148, 128, 4 * 25, RGB(96, 96, 96), 0);
+    Check(selectedRow > 128 * 10 && otherRows == 0, "the last row is selected, drawn on a darker background",
+          std::to_string(selectedRow) + " dark pixels in it, " + std::to_string(otherRows) + " elsewhere");
 
     ClickSquare(program, view, "g1");
     Sleep(300);
@@ -197,7 +203,15 @@ void HumanPromotion() {
         },
         ShortWait);
     Check(queen, "a white queen stands on a8");
-    Check(program.Close(AsksToSave) == 0, "closing asks to save and exits with 0");
+
+    // New game asks about the unsaved game first; No clears the question for good, and Cancel
+    // leaves the game as it was.
+    program.Command(CommandNewGame);
+    program.ExpectMessage("Save current game?", IDNO);
+    program.PressButton(program.WaitForDialog("New game"), IDCANCEL, ClosesDialog);
+    Check(program.Rows() == shownRows, "Cancel in the New game dialog keeps the game",
+          JoinRows(program.Rows()));
+    Check(program.Close(AsksNothing) == 0, "after No, closing asks nothing more and exits with 0");
 }
 
 } // namespace e2e

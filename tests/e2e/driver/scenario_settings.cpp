@@ -44,7 +44,8 @@ void HandEditedSettings() {
     Check(shown.Pixel(551, 200) == ink, "the list frame takes the ink of the file, missing keys at 255");
     int coordinates = CountPixelsNear(shown, 20, 532, 512, 20, ink, 40);
     Check(coordinates > 20, "COORDINATES = no in lower case still shows them");
-    Check(program.Close(AsksNothing) == 0, "closing exits with 0");
+    program.Command(CommandExit);
+    Check(program.WaitForExit(ShortWait * 2) == 0, "Game, Exit ends the program with 0");
 
     std::string expected = CrLfLines({"[SHOW]",
                                       "LEGAL MOVE = YES",

@@ -128,6 +128,11 @@ void CheckIdleControls(Program& program, const ProgramSkin& skin, int scale) {
     Check(PositionMenuLook(program) == "eeG", "Position menu: Save greyed, the rest enabled",
           PositionMenuLook(program));
     BoardView view{scale == 75 ? &skin.threeQuarter : &skin.full, LayoutAt(scale).tileSize, false};
+    program.Command(CommandAbout);
+    HWND about = program.WaitForDialog("About");
+    Check(program.DialogShows(about, "Velok-3 version 1.1."), "the About dialog names the version");
+    program.PressButton(about, IDOK, ClosesDialog);
+
     ClickSquare(program, view, "e2");
     Sleep(300);
     Check(SquaresDiffering(program.CaptureClient(), view, Placement(StartPlacement)).empty(),

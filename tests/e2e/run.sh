@@ -33,7 +33,11 @@ timeout 120 "$WINE" wineboot </dev/null >"$root/logs/warm-up.txt" 2>&1 || true
 if [ $# -gt 0 ]; then
   scenarios=("$@")
 else
-  timeout 60 "$WINE" "$driver" list </dev/null >"$root/logs/list.txt" 2>"$root/logs/list.err"
+  if ! timeout 60 "$WINE" "$driver" list </dev/null >"$root/logs/list.txt" 2>"$root/logs/list.err"; then
+    echo "e2e: the driver does not start under Wine, see $root/logs/list.err"
+    echo "0 passed, 1 failed"
+    exit 1
+  fi
   mapfile -t scenarios < <(tr -d '\r' <"$root/logs/list.txt")
 fi
 

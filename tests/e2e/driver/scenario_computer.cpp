@@ -49,7 +49,7 @@ void HumanWhiteAgainstEasy() {
     program.PressButton(dialog, IDOK, KeepsOpen);
     program.ExpectMessage("Please enter name (WHITE SIDE)", IDOK);
     Check(IsWindowVisible(dialog) != 0, "the New game dialog stays open after the refusal");
-    program.SetText(dialog, 1015, "Alice");
+    program.SetText(dialog, WhiteNameId, "Alice");
     program.PressButton(dialog, IDOK, ClosesDialog);
     Sleep(500);
     Check(program.Rows().size() == 1, "the computer as Black waits for White's first move");

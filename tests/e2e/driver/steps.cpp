@@ -10,11 +10,6 @@ namespace e2e {
 
 namespace {
 
-constexpr int WhiteTypeId = 1014;
-constexpr int WhiteNameId = 1015;
-constexpr int BlackTypeId = 1016;
-constexpr int BlackNameId = 1017;
-constexpr int LevelId = 1019;
 constexpr const char* ComputerName = "Computer {Velok-3}";
 
 // Sets one side's type and name, and checks the name edit follows the type.

@@ -12,6 +12,15 @@
 
 namespace e2e {
 
+// Controls of the New game dialog.
+enum NewGameControl : int {
+    WhiteTypeId = 1014,
+    WhiteNameId = 1015,
+    BlackTypeId = 1016,
+    BlackNameId = 1017,
+    LevelId = 1019,
+};
+
 // Rows of the type lists and the level list of the New game dialog.
 enum SideRow : int { RowComputer = 0, RowHuman = 1 };
 enum LevelRow : int { RowEasy = 0, RowNormal = 1 };

@@ -1,0 +1,43 @@
+# Wine set-up shared by tests/e2e/run.sh and tools/run.sh: a 64-bit prefix of our own, made once,
+# with a virtual desktop and no crash dialog. Source it; it defines functions and changes nothing.
+
+WINE=/usr/lib/wine/wine64
+WINESERVER=/usr/lib/wine/wineserver
+
+# Points Wine at a prefix and a socket folder under the given folder, quiet and without prompts.
+wine_env() {
+  local root
+  root=$(realpath -m "$1")
+  mkdir -p "$root/tmp"
+  export WINEPREFIX="$root/prefix" TMPDIR="$root/tmp"
+  export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+  WINE_LOGS="$root"
+}
+
+# Creates the prefix once. Without DISPLAY wineboot opens no window; the registry keys give a
+# virtual desktop (a window hidden under bare Xvfb otherwise costs 2 s) and no crash dialog,
+# which would hang a test.
+wine_prefix() {
+  [ -f "$WINEPREFIX/.velok3-ready" ] && return 0
+  echo "wine: creating the prefix $WINEPREFIX (once)"
+  rm -rf "$WINEPREFIX"
+  local reg="$WINE_LOGS/settings.reg"
+  printf '%s\r\n' 'REGEDIT4' '' \
+    '[HKEY_CURRENT_USER\Software\Wine\Explorer]' '"Desktop"="Default"' '' \
+    '[HKEY_CURRENT_USER\Software\Wine\Explorer\Desktops]' '"Default"="1024x768"' '' \
+    '[HKEY_CURRENT_USER\Software\Wine\WineDbg]' '"ShowCrashDialog"=dword:00000000' '' >"$reg"
+  (
+    unset DISPLAY
+    timeout 300 "$WINE" wineboot -i >"$WINE_LOGS/wineboot.log" 2>&1 || true
+    timeout 60 "$WINE" reg import "$(winepath_of "$reg")" >"$WINE_LOGS/reg.log" 2>&1
+    timeout 30 "$WINESERVER" -k >/dev/null 2>&1 || true
+  ) || { echo "wine: prefix set-up failed, see $WINE_LOGS/*.log" >&2; return 1; }
+  touch "$WINEPREFIX/.velok3-ready"
+}
+
+# The Windows form of a Unix path, through the Z: drive that every prefix maps to /.
+winepath_of() {
+  local path
+  path=$(realpath -m "$1")
+  printf 'Z:%s' "${path//\//\\}"
+}

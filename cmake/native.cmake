@@ -25,6 +25,18 @@ target_compile_definitions(velok3_tests PRIVATE VELOK3_SOURCE_DIR="${CMAKE_SOURC
 include(GoogleTest)
 gtest_discover_tests(velok3_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
 
+# The UCI engine as a GUI sees it: a child process spoken to on its pipes, and a few short games
+# against itself through the match tool.
+find_package(Python3 COMPONENTS Interpreter)
+if(TARGET velok3-uci AND Python3_FOUND)
+  add_test(NAME uci_protocol
+    COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/tests/uci/test_uci.py $<TARGET_FILE:velok3-uci>)
+  add_test(NAME uci_self_match
+    COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/tools/uci_match.py --games 4 --max-plies 60
+      --option Level=1 $<TARGET_FILE:velok3-uci> $<TARGET_FILE:velok3-uci>)
+  set_tests_properties(uci_protocol uci_self_match PROPERTIES TIMEOUT 1200)
+endif()
+
 find_package(benchmark QUIET)
 if(benchmark_FOUND AND VELOK3_BENCH_SOURCES)
   file(GLOB VELOK3_BENCH_DOUBLE_SOURCES ${CMAKE_SOURCE_DIR}/tests/double/*.cpp)

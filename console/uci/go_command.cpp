@@ -26,6 +26,7 @@ struct GoRequest {
     Word level;
     bool waitForRelease; // "infinite" or "ponder": the best move waits for stop or ponderhit
     Word perftDepth;     // 0 when this is a search
+    bool refused;        // "perft" without a depth it can count to: nothing runs
 };
 
 void Report(const std::string& text) {
@@ -50,7 +51,7 @@ GoRequest ReadGoRequest(const std::string& arguments, Word optionLevel) {
     for (std::string word; in >> word;)
         words.push_back(word);
 
-    GoRequest request{optionLevel, false, 0};
+    GoRequest request{optionLevel, false, 0, false};
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
         long long number = 0;
@@ -64,13 +65,12 @@ GoRequest ReadGoRequest(const std::string& arguments, Word optionLevel) {
                 if (!ReadMoveText(words[i + 1], input)) break;
                 ++i;
             }
-        } else if ((word == "depth" || word == "perft") && hasNumber) {
-            if (word == "depth")
-                request.level = LevelForDepth(static_cast<Word>(number > 100 ? 100 : number));
-            else if (number >= 1 && number <= MaxPerftDepth)
-                request.perftDepth = static_cast<Word>(number);
-            else
-                Report("perft depth must be 1 to " + std::to_string(MaxPerftDepth));
+        } else if (word == "perft") {
+            request.refused = !hasNumber || number < 1 || number > MaxPerftDepth;
+            request.perftDepth = request.refused ? 0 : static_cast<Word>(number);
+            i += hasNumber ? 1 : 0;
+        } else if (word == "depth" && hasNumber) {
+            request.level = LevelForDepth(static_cast<Word>(number < 0 ? 0 : number > 100 ? 100 : number));
             ++i;
         } else if (hasNumber && std::find(ignoredWithNumber.begin(), ignoredWithNumber.end(), word) !=
                                     ignoredWithNumber.end()) {
@@ -174,6 +174,10 @@ Word LevelForDepth(Word plies) {
 
 void RunGo(const std::string& arguments, Word optionLevel) {
     const GoRequest request = ReadGoRequest(arguments, optionLevel);
+    if (request.refused) {
+        Report("go perft needs a depth from 1 to " + std::to_string(MaxPerftDepth));
+        return;
+    }
     BeginBusy();
     if (request.perftDepth > 0) {
         RunPerft(request.perftDepth);

@@ -82,7 +82,7 @@ GoRequest ReadGoRequest(const std::string& arguments, Word optionLevel) {
     return request;
 }
 
-// The divided perft count: one line per root move and the total.
+// The divided perft count: one line per root move, its time and the total.
 void RunPerft(Word depth) {
     static PerftRootCount counts[PerftRootCapacity];
     const std::uint32_t start = HostTickCount();
@@ -94,8 +94,8 @@ void RunPerft(Word depth) {
         total += counts[i].nodes;
     }
     const std::uint32_t elapsed = HostTickCount() - start;
-    ConsoleWriteLine("Nodes searched: " + std::to_string(total));
     Report("perft " + std::to_string(depth) + " took " + std::to_string(elapsed) + " ms");
+    ConsoleWriteLine("Nodes searched: " + std::to_string(total));
 }
 
 // The score as the protocol gives it, for the side to move: the engine's scores are seen from

@@ -52,6 +52,7 @@ void Accept(std::string line) {
     arrived.notify_all();
 }
 
+// The reader thread: every line of the input, then a quit at its end.
 void ReadLines() {
     std::string line;
     while (std::getline(std::cin, line))

@@ -10,6 +10,7 @@
 #include "console/host/console_host.h"
 #include "console/uci/command_input.h"
 #include "console/uci/notation.h"
+#include "console/uci/report.h"
 #include "core/game_state.h"
 #include "engine/perft.h"
 
@@ -28,10 +29,6 @@ struct GoRequest {
     Word perftDepth;     // 0 when this is a search
     bool refused;        // "perft" without a depth it can count to: nothing runs
 };
-
-void Report(const std::string& text) {
-    ConsoleWriteLine("info string " + text);
-}
 
 // Reads a whole number argument; false when `text` is not one.
 bool ReadNumber(const std::string& text, long long& out) {

@@ -7,6 +7,7 @@ namespace {
 
 constexpr char PieceLetters[] = " pnbrqk";
 
+// A square as a file letter and a row digit, "e4".
 std::string SquareText(Word file, Word row) {
     return std::string{static_cast<char>('a' + file), static_cast<char>('1' + row)};
 }
@@ -29,6 +30,7 @@ bool HistoryLeaves(const GameState& state, Word file, Word row) {
     return false;
 }
 
+// True when (file, row) holds `piece` of `colour`.
 bool PieceAt(const GameState& state, Word file, Word row, Word piece, Word colour) {
     const BoardCell& cell = state.board[row][file];
     return cell.piece == piece && cell.colour == colour;

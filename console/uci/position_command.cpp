@@ -8,16 +8,13 @@
 
 #include "console/host/console_host.h"
 #include "console/uci/notation.h"
+#include "console/uci/report.h"
 #include "core/game_state.h"
 
 namespace {
 
 // "startpos" or "fen" and the FEN's fields: the start of the position line that `d` shows.
 std::string positionBase = "startpos";
-
-void Report(const std::string& text) {
-    ConsoleWriteLine("info string " + text);
-}
 
 // Checks the board field: eight ranks of eight squares in known letters and digits.
 std::string CheckPlacement(const std::string& placement) {
@@ -41,6 +38,7 @@ std::string CheckPlacement(const std::string& placement) {
     return "";
 }
 
+// True for a non-empty run of decimal digits.
 bool AllDigits(const std::string& text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }

@@ -9,6 +9,7 @@
 #include "console/uci/command_input.h"
 #include "console/uci/go_command.h"
 #include "console/uci/position_command.h"
+#include "console/uci/report.h"
 #include "core/game_state.h"
 
 namespace {
@@ -17,10 +18,6 @@ constexpr Word DefaultLevel = 2;
 
 // The Level option: the engine's level for every search that names no depth.
 Word optionLevel = DefaultLevel;
-
-void Report(const std::string& text) {
-    ConsoleWriteLine("info string " + text);
-}
 
 // The words after the command word of a line.
 std::string ArgumentsOf(const std::string& line) {

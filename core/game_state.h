@@ -90,9 +90,8 @@ class GameState {
     Word EvaluateMateBishopKnight(const Word (&cornerTable)[8][8]);
     void ThinkDriver();
     // The search part of a think: tables, phase and search for the side to move, leaving the
-    // result in bestMove and the board as it was, and giving the root's score (seen from the
-    // opponent). ThinkDriver and the UCI front end share it; only the UCI front end reads the score.
-    Word ChooseComputerMove();
+    // result in bestMove and the board as it was. ThinkDriver and the UCI front end share it.
+    void ChooseComputerMove();
     void PollDuringThink(Word percent);
 
     // ---- Records: moves list, game files, position files ----

@@ -120,14 +120,40 @@ std::string BestMoveText(const MoveListEntry& best) {
     return MoveText(best, Promotes(game, best) ? Queen : PieceNone);
 }
 
-// When a stop came before the first pass over the root moves ended, the engine has no result:
-// the first legal move in generated order is sent, since the protocol wants a move.
+// When a stop came before the first pass over the root moves ended, the engine has no result,
+// but the protocol wants a move: the one the main search's root tries first stands in, the best
+// by a one-ply Evaluate, the first of equals (the first generated in the mating search). The
+// tables are still those of the think.
 MoveListEntry MoveAfterEarlyStop() {
     MoveListEntry moves[MoveBufferCapacity];
     game.GenerateLegalMoves(moves, game.sideToMove);
-    MoveListEntry none{};
-    none.fromFile = NoMoveByte;
-    return game.moveCount > 0 ? moves[0] : none;
+    const Word n = game.moveCount;
+    Word chosen = 0, chosenKey = 0;
+    for (Word i = 0; n > 0 && game.enginePhase == 0 && i < n; ++i) {
+        const MoveListEntry& m = moves[i];
+        MoveRecord* record = &game.history[game.plyCount];
+        game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
+        const Word key = -game.Evaluate();
+        game.TakeBackMove(record);
+        if (i == 0 || key > chosenKey) {
+            chosen = i;
+            chosenKey = key;
+        }
+    }
+    return n > 0 ? moves[chosen] : game.bestMove;
+}
+
+// The score of the chosen move as the root scored it. The think hands over its move and not its
+// score, so the move is searched once more, to the same depth and with no bound.
+Word ScoreOfMove(const MoveListEntry& m, Word rootDepth) {
+    MoveRecord* record = &game.history[game.plyCount];
+    game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
+    ++game.plyCount;
+    const Word score = game.enginePhase == 0 ? game.SearchOpponentNode(rootDepth, ThinkerMated)
+                                             : game.MateOpponentNode(rootDepth, ThinkerMated);
+    --game.plyCount;
+    game.TakeBackMove(record);
+    return score;
 }
 
 // Runs the think and writes its info line; returns the move to send.
@@ -135,25 +161,26 @@ MoveListEntry Think(Word level) {
     game.level = level;
     game.thinking = 1;
     const std::uint32_t start = HostTickCount();
-    const Word score = game.ChooseComputerMove();
+    game.ChooseComputerMove();
     const std::uint32_t elapsed = HostTickCount() - start;
     const bool broken = game.thinking == 0;
     game.thinking = 0;
 
+    // enginePhase 0 is the main search; any other phase is the mating search.
     MoveListEntry best = game.bestMove;
     const Word rootDepth = game.enginePhase == 0 ? level : MateRootDepth;
     const std::uint64_t nodes = game.searchNodes;
     const std::uint64_t nps = nodes * 1000 / (elapsed > 0 ? elapsed : 1);
     std::string info = "info depth " + std::to_string(2 * (rootDepth + 1));
-    if (best.fromFile != NoMoveByte)
-        info += " score " + ScoreText(score, rootDepth);
-    else if (!broken)
-        info += " score " + std::string(score >= ThinkerMated ? "mate 0" : "cp 0");
+    if (best.fromFile != NoMoveByte && !broken)
+        info += " score " + ScoreText(ScoreOfMove(best, rootDepth), rootDepth);
+    else if (best.fromFile == NoMoveByte && !broken)
+        info += game.IsSquareAttacked(game.sideToMove, -1, -1) ? " score mate 0" : " score cp 0";
     info += " nodes " + std::to_string(nodes) + " nps " + std::to_string(nps) + " time " +
             std::to_string(elapsed);
     if (best.fromFile == NoMoveByte && broken) {
         best = MoveAfterEarlyStop();
-        Report("stopped before the first pass over the root moves ended: the first legal move stands in");
+        Report("stopped before the first pass over the root moves ended: the move searched first stands in");
     }
     if (best.fromFile != NoMoveByte) info += " pv " + BestMoveText(best);
     ConsoleWriteLine(info);

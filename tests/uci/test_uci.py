@@ -255,11 +255,14 @@ class DuringSearch(UciCase):
         self.engine.send("stop")
         self.engine.read_until("bestmove ", SEARCH_TIMEOUT)
 
-    def test_infinite_waits_for_stop_before_its_best_move(self):
-        self.engine.send("setoption name Level value 1", "position startpos moves e2e4", "go infinite")
-        self.assertFalse(any(l.startswith("bestmove") for l in self.engine.quiet_for(3.0)))
-        self.engine.send("stop")
-        self.assertEqual(self.engine.read_until("bestmove ", 30)[-1], "bestmove e7e5")
+    def test_infinite_and_ponder_wait_before_their_best_move(self):
+        self.engine.send("setoption name Level value 1", "position startpos moves e2e4")
+        for go, release in [("go infinite", "stop"), ("go ponder wtime 1000 btime 1000", "ponderhit")]:
+            with self.subTest(go=go):
+                self.engine.send(go)
+                self.assertFalse(any(l.startswith("bestmove") for l in self.engine.quiet_for(2.0)))
+                self.engine.send(release)
+                self.assertEqual(self.engine.read_until("bestmove ", 30)[-1], "bestmove e7e5")
 
     def test_quit_during_a_search_ends_the_program(self):
         self.start_busy_search("go infinite")

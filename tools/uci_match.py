@@ -331,6 +331,8 @@ def main():
 
     first = UciEngine(args.engine1, parse_options(args.option + args.option1))
     second = UciEngine(args.engine2, parse_options(args.option + args.option2))
+    if first.name == second.name:
+        first.name, second.name = first.name + " (1)", second.name + " (2)"
     points, tally, forfeits = [0.0, 0.0], [0, 0, 0], 0
     try:
         for game in range(args.games):

@@ -1,10 +1,11 @@
 // The host seam for console programs: no window, no dialogs. Messages go to standard output as
-// one line each, questions are answered No, promotions become queens and the moves list is kept
-// in memory so that its rows can be printed.
+// one line each, questions are answered No (the break question Yes once a stop is asked for),
+// promotions become queens and the moves list is kept in memory so that its rows can be printed.
 #include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -16,21 +17,32 @@ namespace {
 std::vector<std::string> listRows;
 std::int32_t listSelection = -1;
 const char* messagePrefix = "";
+std::mutex outputLock;
+constexpr const char* BreakQuestion = "Break AI move. Are you sure?";
 }  // namespace
 
 void SetConsoleMessagePrefix(const char* prefix) { messagePrefix = prefix; }
 const std::vector<std::string>& ConsoleListRows() { return listRows; }
 
-void HostShowMessage(const char* text) {
-    // One line per message: the line breaks inside a message become blanks.
-    std::string line(text);
-    for (char& c : line)
-        if (c == '\n') c = ' ';
-    std::printf("%s%s\n", messagePrefix, line.c_str());
+void ConsoleWriteLine(const std::string& line) {
+    const std::lock_guard<std::mutex> hold(outputLock);
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fputc('\n', stdout);
     std::fflush(stdout);
 }
 
-std::int32_t HostAskYesNo(const char*, AskDefault) { return 0; }
+void HostShowMessage(const char* text) {
+    // One line per message: the line breaks inside a message become blanks.
+    std::string line = std::string(messagePrefix) + text;
+    for (char& c : line)
+        if (c == '\n' || c == '\r') c = ' ';
+    ConsoleWriteLine(line);
+}
+
+// The only question a console program can be asked during a think is whether to break it off.
+std::int32_t HostAskYesNo(const char* text, AskDefault) {
+    return std::strcmp(text, BreakQuestion) == 0 && ConsoleStopRequested() ? 1 : 0;
+}
 std::int32_t HostChoosePromotion(std::int32_t) { return Queen; }
 
 void HostListReset(ListHandle) {

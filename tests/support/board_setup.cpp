@@ -79,54 +79,6 @@ bool PlayMove(GameState& state, const std::string& move, Word promotion) {
     return false;
 }
 
-namespace {
-
-// The published counts take each promotion as four moves; the game lists it once and asks for
-// the piece when it is played. So a promoting entry is walked once per piece.
-bool Promotes(const GameState& state, const MoveListEntry& m) {
-    const BoardCell& from = state.board[m.fromRow][m.fromFile];
-    return from.piece == Pawn && (m.toRow == 7 || m.toRow == 0);
-}
-
-template <bool Bulk>
-std::uint64_t Walk(GameState& state, int depth) {
-    MoveListEntry moves[MoveBufferCapacity];
-    state.GenerateLegalMoves(moves, state.sideToMove);
-    const Word n = state.moveCount;
-    if (Bulk && depth <= 1) {
-        std::uint64_t count = static_cast<std::uint64_t>(n);
-        for (Word i = 0; i < n; ++i)
-            if (Promotes(state, moves[i])) count += 3;
-        return count;
-    }
-    std::uint64_t nodes = 0;
-    for (Word i = 0; i < n; ++i) {
-        const MoveListEntry& m = moves[i];
-        static constexpr Word pieces[4] = {Queen, Rook, Bishop, Knight};
-        const int kinds = Promotes(state, m) ? 4 : 1;
-        for (int k = 0; k < kinds; ++k) {
-            MoveRecord* record = &state.history[state.plyCount];
-            state.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, pieces[k]);
-            if (depth <= 1) {
-                ++nodes;
-            } else {
-                ++state.plyCount;
-                state.sideToMove = Opposite(state.sideToMove);
-                nodes += Walk<Bulk>(state, depth - 1);
-                state.sideToMove = Opposite(state.sideToMove);
-                --state.plyCount;
-            }
-            state.TakeBackMove(record);
-        }
-    }
-    return nodes;
-}
-
-}  // namespace
-
-std::uint64_t Perft(GameState& state, int depth) { return Walk<false>(state, depth); }
-std::uint64_t PerftBulk(GameState& state, int depth) { return Walk<true>(state, depth); }
-
 std::string SquareName(int file, int row) {
     return std::string(1, static_cast<char>('a' + file)) + static_cast<char>('1' + row);
 }

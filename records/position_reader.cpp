@@ -119,17 +119,16 @@ void GameState::ParsePosition(Text text) {
             startBoard[row][file] = board[row][file];
 }
 
-void GameState::ValidatePosition() {
-    previewStatus = Text();
-    if (ImpossibleMaterial(*this)) previewStatus = Text(ErrorPositionText);
-
+bool PositionIsImpossible(GameState& state) {
+    if (ImpossibleMaterial(state)) return true;
     // The side that has just moved cannot have left its king in check.
-    const Word waiting = Opposite(sideToMove);
-    Word kingFileFound = 0, kingRowFound = 0;
-    if (FindKing(waiting, kingFileFound, kingRowFound) &&
-        IsSquareAttacked(waiting, kingFileFound, kingRowFound))
-        previewStatus = Text(ErrorPositionText);
+    const Word waiting = Opposite(state.sideToMove);
+    Word kingFile = 0, kingRow = 0;
+    return state.FindKing(waiting, kingFile, kingRow) && state.IsSquareAttacked(waiting, kingFile, kingRow);
+}
 
+void GameState::ValidatePosition() {
+    previewStatus = PositionIsImpossible(*this) ? Text(ErrorPositionText) : Text();
     // Last, so that a finished position reads as such even when it is also impossible.
     if (CheckGameEnd(sideToMove, NoMessage) != GameGoesOn) previewStatus = Text(GameOverText);
 }

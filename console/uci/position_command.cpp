@@ -1,6 +1,6 @@
-// Setting up the position to think about. A FEN is read for its placement and side to move;
-// castling rights and en passant follow, as everywhere in the game, from the cells and from the
-// moves played after it, so its other fields are checked for form and not used further.
+// Setting up the position to think about. A FEN is read for its placement and side to move, as a
+// position file is; castling rights and en passant follow, as everywhere in the game, from the cells and from
+// the moves played after it, so its other fields are checked for form and not used further.
 #include "console/uci/position_command.h"
 
 #include <sstream>
@@ -10,6 +10,8 @@
 #include "console/uci/notation.h"
 #include "console/uci/report.h"
 #include "core/game_state.h"
+#include "records/position_file.h"
+#include "records/text.h"
 
 namespace {
 
@@ -17,7 +19,7 @@ namespace {
 std::string positionBase = "startpos";
 
 // Checks the board field: eight ranks of eight squares in known letters and digits.
-std::string CheckPlacement(const std::string& placement) {
+std::string CheckPlacementField(const std::string& placement) {
     int ranks = 1, squares = 0;
     for (const char c : placement) {
         if (c == '/') {
@@ -47,7 +49,7 @@ bool AllDigits(const std::string& text) {
 std::string CheckFenFields(const std::vector<std::string>& fields) {
     if (fields.size() < 2) return "a FEN needs at least the placement and the side to move";
     if (fields.size() > 6) return "a FEN has at most six fields";
-    if (std::string problem = CheckPlacement(fields[0]); !problem.empty()) return problem;
+    if (std::string problem = CheckPlacementField(fields[0]); !problem.empty()) return problem;
     if (fields[1] != "w" && fields[1] != "b") return "the side to move is '" + fields[1] + "', not w or b";
     if (fields.size() > 2 && fields[2] != "-" && fields[2].find_first_not_of("KQkq") != std::string::npos)
         return "bad castling field '" + fields[2] + "'";
@@ -60,44 +62,14 @@ std::string CheckFenFields(const std::vector<std::string>& fields) {
     return "";
 }
 
-// Checks what the engine relies on: one king a side, no pawn on a first or last rank, and the
-// side that is not to move not in check.
-std::string CheckPlayable(GameState& state) {
-    int kings[2] = {0, 0};
-    for (Word row = 0; row < 8; ++row)
-        for (Word file = 0; file < 8; ++file) {
-            const BoardCell& cell = state.board[row][file];
-            if (cell.piece == King) ++kings[cell.colour];
-            if (cell.piece == Pawn && (row == 0 || row == 7)) return "a pawn stands on a first or last rank";
-        }
-    if (kings[White] != 1 || kings[Black] != 1) return "each side needs exactly one king";
-    if (state.IsSquareAttacked(Opposite(state.sideToMove), -1, -1)) return "the side not to move is in check";
-    return "";
-}
-
-// Places the pieces and the side to move of a checked FEN on a reset `state`.
-void PlaceFen(GameState& state, const std::string& placement, const std::string& side) {
-    state.ResetGameState(ResetEmpty);
-    Word row = 7, file = 0;
-    for (const char c : placement) {
-        if (c == '/') {
-            --row;
-            file = 0;
-        } else if (c >= '1' && c <= '8') {
-            file += c - '0';
-        } else {
-            const std::string letters = "pnbrqk";
-            const char lower = static_cast<char>(c | 0x20);
-            state.board[row][file].piece = static_cast<Word>(letters.find(lower) + 1);
-            state.board[row][file].colour = c == lower ? Black : White;
-            ++file;
-        }
-    }
-    state.sideToMove = state.setupFirstMover = side == "w" ? White : Black;
+// Reads a checked FEN's placement and side to move with the game's own position reader, which
+// refuses what no game can reach (kings, pawns on the edge rows, too many promoted pieces, the
+// side not to move in check). A position that is already over is kept: go then answers 0000.
+std::string ReadFenPosition(GameState& state, const std::string& placement, const std::string& side) {
+    state.ParsePosition(Text((placement + " " + side).c_str()));
+    if (PositionIsImpossible(state)) return "no game can reach this position";
     state.setupStart = 1;
-    for (Word r = 0; r < 8; ++r)
-        for (Word f = 0; f < 8; ++f)
-            state.startBoard[r][f] = state.board[r][f];
+    return "";
 }
 
 // Sets up `previewGame` from "startpos" or "fen ..." at the head of `words`, advancing `next`
@@ -115,8 +87,8 @@ std::string SetUpBase(const std::vector<std::string>& words, std::size_t& next, 
     for (next = 1; next < words.size() && words[next] != "moves"; ++next)
         fields.push_back(words[next]);
     if (std::string problem = CheckFenFields(fields); !problem.empty()) return problem;
-    PlaceFen(previewGame, fields[0], fields[1]);
-    if (std::string problem = CheckPlayable(previewGame); !problem.empty()) return problem;
+    if (std::string problem = ReadFenPosition(previewGame, fields[0], fields[1]); !problem.empty())
+        return problem;
     base = "fen";
     for (const std::string& field : fields)
         base += " " + field;

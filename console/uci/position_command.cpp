@@ -1,6 +1,5 @@
-// Setting up the position to think about. A FEN is read for its placement and side to move, as a
-// position file is; castling rights and en passant follow, as everywhere in the game, from the cells and from
-// the moves played after it, so its other fields are checked for form and not used further.
+// Setting up the position to think about: a FEN's board and side to move are read as a position file is;
+// castling and en passant follow from the cells and the moves after it, so its other fields are only checked.
 #include "console/uci/position_command.h"
 
 #include <sstream>

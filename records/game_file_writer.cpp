@@ -9,28 +9,6 @@
 
 namespace {
 
-// Letter of a piece in a move token; a pawn has none.
-char PieceLetter(Word piece) {
-    switch (piece) {
-    case Knight: return 'N';
-    case Bishop: return 'B';
-    case Rook: return 'R';
-    case Queen: return 'Q';
-    case King: return 'K';
-    default: return 0;
-    }
-}
-
-// Letter of the piece a pawn became; anything unexpected reads as a queen.
-char PromotionLetter(Word piece) {
-    switch (piece) {
-    case Knight: return 'N';
-    case Bishop: return 'B';
-    case Rook: return 'R';
-    default: return 'Q';
-    }
-}
-
 // Appends a number as exactly two digits, with a leading zero.
 void AppendTwoDigits(Text& text, Word number) {
     text.AppendChar(static_cast<char>('0' + number / 10 % 10));
@@ -145,7 +123,7 @@ Text MoveToken(const GameState& game, Word index, GameState& scratch) {
         if (record.capturedPiece != PieceNone || record.extraPiece != PieceNone)
             token.AppendChar(static_cast<char>('a' + record.fromFile));
     } else {
-        token.AppendChar(PieceLetter(record.movedPiece));
+        token.Append(PieceLetter(record.movedPiece));
     }
     // Step 2. Disambiguation, for the pieces that can have rivals.
     if (record.movedPiece >= Knight && record.movedPiece <= Queen)

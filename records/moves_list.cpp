@@ -11,22 +11,6 @@ constexpr const char* FirstRow = " 0.";
 // The prefix of a row with an odd history index.
 constexpr const char* OddPrefix = "           ";
 
-// The letter of a moving piece: none for a pawn, else N, B, R, Q or K.
-const char* PieceLetter(Word piece) {
-    static constexpr const char* letters[7] = {"", "", "N", "B", "R", "Q", "K"};
-    return piece >= PieceNone && piece <= King ? letters[piece] : "";
-}
-
-// The letter after "=" of a promotion: N, B or R, and Q for any other piece code.
-char PromotionLetter(Word piece) {
-    switch (piece) {
-    case Knight: return 'N';
-    case Bishop: return 'B';
-    case Rook: return 'R';
-    default: return 'Q';
-    }
-}
-
 // Appends a square as a file letter and a row digit, as "e4".
 void AppendSquare(Text& text, Word file, Word row) {
     text.AppendChar(static_cast<char>('a' + file));
@@ -44,7 +28,23 @@ void AppendRowPrefix(Text& row, Word index) {
     row.Append(". ");
 }
 
-}  // namespace
+} // namespace
+
+// The letter of a moving piece: none for a pawn, else N, B, R, Q or K.
+const char* PieceLetter(Word piece) {
+    static constexpr const char* letters[7] = {"", "", "N", "B", "R", "Q", "K"};
+    return piece >= PieceNone && piece <= King ? letters[piece] : "";
+}
+
+// The letter after "=" of a promotion: N, B or R, and Q for any other piece code.
+char PromotionLetter(Word piece) {
+    switch (piece) {
+    case Knight: return 'N';
+    case Bishop: return 'B';
+    case Rook: return 'R';
+    default: return 'Q';
+    }
+}
 
 const char* CheckSign(GameState& scratch) {
     const Word side = scratch.sideToMove;

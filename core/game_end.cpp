@@ -123,27 +123,29 @@ Word GameState::CheckGameEnd(Word colour, Word showMessages) {
     // Step 4.
     if (IsThreefoldRepetition()) return Report(GameDrawn, MessageRepetition, showMessages);
     // Step 5.
-    if (IsFiftyMoveDraw(history, plyCount)) return Report(GameDrawn, MessageFiftyMoves, showMessages);
+    if (IsFiftyMoveDraw(history, RecordsInForce())) return Report(GameDrawn, MessageFiftyMoves, showMessages);
     // The history has room for no more plies, so the longest game ends drawn.
-    if (plyCount >= MaxGamePlies) return Report(GameDrawn, MessageLongestGame, showMessages);
+    if (RecordsInForce() >= MaxGamePlies) return Report(GameDrawn, MessageLongestGame, showMessages);
     // Step 6.
     return GameGoesOn;
 }
 
 Word GameState::IsThreefoldRepetition() {
+    // Only the records that led to the position on the board count.
+    const Word plies = RecordsInForce();
     // Step 1.
-    if (plyCount < FewestPliesToRepeat) return 0;
+    if (plies < FewestPliesToRepeat) return 0;
     // Steps 2 to 5. The trail is built on a placement of its own, so the board is never touched:
-    // entry i is the placement before history[i], entry plyCount the present one.
+    // entry i is the placement before history[i], entry `plies` the present one.
     Placement placement;
     for (Word row = 0; row < 8; ++row)
         for (Word file = 0; file < 8; ++file)
             placement.cells[file + 8 * row] = PlacementCode(board[row][file].piece, board[row][file].colour);
-    positionTrail[plyCount] = placement;
-    for (Word i = plyCount - 1; i >= 0; --i) {
+    positionTrail[plies] = placement;
+    for (Word i = plies - 1; i >= 0; --i) {
         TakeBackOnPlacement(placement, history[i]);
         positionTrail[i] = placement;
     }
     // Step 6. Some entry equal to two earlier ones is the same as some placement standing thrice.
-    return AnyPlacementThrice(positionTrail, plyCount) ? 1 : 0;
+    return AnyPlacementThrice(positionTrail, plies) ? 1 : 0;
 }

@@ -41,6 +41,7 @@ void GameState::ResetGameState(Word mode) {
     std::memset(static_cast<void*>(rootMoves), 0, sizeof rootMoves);
     setupMode = loadDialogKind = 0;
     searchNodes = 0;
+    pliesNotShown = 0;
     previewStatus = Text();
     progressText = Text();
 

@@ -66,6 +66,9 @@ class GameState {
     void ClearMarks(Word value);
     Word FindMarkedCell(Word value, Word& outFile, Word& outRow) const;
     Word SideAtListIndex(Word r) const;
+    // The records that make the position on the board: all of the game, or, while the moves
+    // list shows an earlier row of a played game, only those up to that row.
+    Word RecordsInForce() const { return plyCount - pliesNotShown; }
 
     // ---- Game end and draw rules ----
     Word CheckGameEnd(Word colour, Word showMessages);
@@ -158,6 +161,12 @@ class GameState {
     Word loadDialogKind;
     // Nodes visited by the searches since the last think began (for benchmarks and UCI info).
     std::uint64_t searchNodes;
+    // Plies of the history that lie beyond the position on display: 0, except while the moves
+    // list shows an earlier row of a played game, whose plyCount stays at the game's end. The
+    // castling, en passant and draw rules read only the records in force, so that a click on
+    // such a row neither offers a move its position lacks nor alters its cells. Kept as a
+    // distance from the end, so that a state that was never told of a view reads 0 here.
+    Word pliesNotShown;
 
   private:
     // Tries the move From-To on the board and lists it when the mover's king is then safe.

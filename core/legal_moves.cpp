@@ -37,9 +37,11 @@ void GameState::MarkLegalTargets(Word side, Word file, Word row) {
     legalTargetCount = moveCount;
 }
 
-// True when some move of the game so far started from (file, row): that king or rook has moved.
+// True when some move up to the position on the board started from (file, row): that king or
+// rook has moved.
 Word GameState::HistoryLeaves(Word file, Word row) const {
-    for (Word i = 0; i < plyCount; ++i)
+    const Word records = RecordsInForce();
+    for (Word i = 0; i < records; ++i)
         if (history[i].fromFile == file && history[i].fromRow == row) return 1;
     return 0;
 }

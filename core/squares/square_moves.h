@@ -62,7 +62,7 @@ VELOK_INLINE void GameState::TryPawnCapture(MoveListEntry* buffer, Word colour) 
     }
 }
 
-// En passant towards file + Df, read from the last record of the history alone.
+// En passant towards file + Df, read from the last record in force alone.
 template <int From, int Df>
 VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
     using namespace squares;
@@ -70,8 +70,9 @@ VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
         constexpr int file = FileOf(From), row = RowOf(From);
         constexpr bool white = row == 4;  // white pawns take en passant from row 4, black from row 3
         constexpr int ahead = white ? 1 : -1;
-        if (plyCount == 0) return;
-        const MoveRecord& last = history[plyCount - 1];
+        const Word records = RecordsInForce();
+        if (records == 0) return;
+        const MoveRecord& last = history[records - 1];
         if (last.movedPiece != Pawn) return;
         if (white ? (last.fromRow != 6 || last.toRow != 4) : (last.fromRow != 1 || last.toRow != 3)) return;
         if (last.fromFile != file + Df) return;

@@ -65,6 +65,10 @@ bool OnCommand(WPARAM wParam) {
     case IDM_POSITION_SAVE: game.SavePosition(); break;
     case IDM_USER_MANUAL: OpenUserManual(); break;
     case IDM_WEB_SITE: OpenWithShell("drenu-4.url"); break;
+    case IDC_MOVES_LIST:
+        if (game.setupMode) break;
+        OnMovesListNotify(HIWORD(wParam));
+        break;
     default: return false;
     }
     UpdateMenuState();

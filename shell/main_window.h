@@ -31,3 +31,6 @@ void DrawMovesListRow(const DRAWITEMSTRUCT& drawItem);
 
 // mouse.cpp
 void OnBoardClick(UINT message, LPARAM lParam);
+
+// list_navigation.cpp: a notification code of the moves list, outside set-position mode.
+void OnMovesListNotify(WORD code);

@@ -1,6 +1,7 @@
 // Two-click play: a release of the play button on an own piece selects it and shows its
 // targets, a release on a target hands the move to the game, anything else is refused by a mark.
 #include "core/game_state.h"
+#include "core/navigation.h"
 #include "records/settings.h"
 #include "shell/board_geometry.h"
 #include "shell/main_window.h"
@@ -33,8 +34,7 @@ void ClickTarget(Word side, Word file, Word row, Word r) {
     if (cell.legalTarget) {
         if (!(r == game.plyCount && game.CheckGameEnd(side, NoMessage) != GameGoesOn)) {
             cell.mark = MarkTo;
-            game.plyCount = r;
-            game.sideToMove = side;
+            TakeBackToRow(game, r);
             game.PlayChosenMove(&movesListWindow);
             UpdateMenuState();
         }

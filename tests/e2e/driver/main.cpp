@@ -19,6 +19,9 @@ constexpr e2e::Scenario scenarios[] = {
     {"computer-vs-computer", e2e::ComputerAgainstComputer},
     {"settings-edited", e2e::HandEditedSettings},
     {"white-on-top", e2e::WhiteOnTop},
+    {"step-back-vs-computer", e2e::StepBackAgainstComputer},
+    {"list-keys", e2e::ListKeys},
+    {"list-hidden-keys", e2e::ListHiddenKeys},
 };
 
 } // namespace

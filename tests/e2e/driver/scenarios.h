@@ -30,4 +30,10 @@ void ComputerAgainstComputer();
 void HandEditedSettings();
 void WhiteOnTop();
 
+// The moves list as the way through a game: stepping back against the computer and playing on
+// from there, the cursor keys of the main window, and the same keys with the list hidden.
+void StepBackAgainstComputer();
+void ListKeys();
+void ListHiddenKeys();
+
 } // namespace e2e

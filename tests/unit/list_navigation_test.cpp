@@ -10,7 +10,6 @@
 #include "core/navigation.h"
 #include "core/replay.h"
 #include "double/host_double.h"
-#include "support/board_setup.h"
 #include "support/click_play.h"
 #include "support/record_games.h"
 

@@ -3,6 +3,8 @@
 #include "records/game_file.h"
 #include "records/position_file.h"
 
+#include "core/navigation.h"
+
 Text saveFileName;
 
 namespace {
@@ -14,6 +16,14 @@ Word ListedMoveCount(const GameState& state) {
     const Word listed = HostListCount(movesListWindow) - 1;
     if (listed < 0) return 0;
     return listed < state.plyCount ? listed : state.plyCount;
+}
+
+// How the game stands at its end. While the board shows an earlier row, the end is rebuilt in
+// the work space, so that the result is the game's and not that of the row on display.
+Word GameEndForFile(GameState& state) {
+    if (state.pliesNotShown == 0) return state.CheckGameEnd(state.sideToMove, NoMessage);
+    ReplayToRow(state, state.plyCount, previewGame);
+    return previewGame.CheckGameEnd(state.sideToMove, NoMessage);
 }
 
 } // namespace
@@ -29,7 +39,7 @@ void GameState::SaveGame() {
 
     // Steps 4 to 7. The text, with the date and time read once for the file and its name.
     const LocalTime now = HostLocalTime();
-    Text file = GameFileHeader(*this, now, ResultText(CheckGameEnd(sideToMove, NoMessage), sideToMove));
+    Text file = GameFileHeader(*this, now, ResultText(GameEndForFile(*this), sideToMove));
     file.AppendText(GameFileMoves(*this, ListedMoveCount(*this)));
 
     // Steps 8 and 9. The name.

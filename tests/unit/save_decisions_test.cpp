@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "double/host_double.h"
+#include "core/navigation.h"
 #include "records/game_file.h"
 #include "records/position_file.h"
 #include "support/board_setup.h"
@@ -122,6 +123,21 @@ TEST_F(Saving, GameFileHoldsEveryListedMoveWhateverRowIsShown) {
     game.SaveGame();
     const std::string& file = Host().files[exampleName];
     EXPECT_TRUE(file.ends_with(" 5. O-O Bg4 ")) << file;
+}
+
+TEST_F(Saving, ResultIsTheGameEndsWhateverRowIsShown) {
+    ASSERT_TRUE(PlayLine(g, "f2f3 e7e5 g2g4 d8h4"));
+    g.gameActive = g.gameDirty = 1;
+    ShowMovesList(g, g.plyCount);
+    SelectListRow(g, previewGame, movesListWindow); // the last row: nothing hidden
+    Host().lists[movesListWindow].selection = 1;
+    SelectListRow(g, previewGame, movesListWindow);
+    ASSERT_GT(g.pliesNotShown, 0);
+    Host().saveNames = {"="};
+    g.SaveGame();
+    ASSERT_EQ(Host().files.size(), 1u);
+    EXPECT_NE(Host().files.begin()->second.find("[Result \"0 - 1\"]"), std::string::npos)
+        << Host().files.begin()->second;
 }
 
 TEST_F(Saving, OfferIsMadeOnlyForAnActiveUnsavedGame) {

@@ -19,6 +19,10 @@ constexpr e2e::Scenario scenarios[] = {
     {"computer-vs-computer", e2e::ComputerAgainstComputer},
     {"settings-edited", e2e::HandEditedSettings},
     {"white-on-top", e2e::WhiteOnTop},
+    {"save-load-game", e2e::SaveAndLoadGame},
+    {"save-load-position", e2e::SaveAndLoadPosition},
+    {"load-refusals", e2e::LoadRefusals},
+    {"offer-to-save", e2e::OfferToSaveOnLeaving},
 };
 
 } // namespace

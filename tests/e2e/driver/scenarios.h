@@ -30,4 +30,11 @@ void ComputerAgainstComputer();
 void HandEditedSettings();
 void WhiteOnTop();
 
+// Files: a game and a position saved and loaded back, the files the Load dialog refuses and
+// deletes, and the question asked before a game with new moves is left.
+void SaveAndLoadGame();
+void SaveAndLoadPosition();
+void LoadRefusals();
+void OfferToSaveOnLeaving();
+
 } // namespace e2e

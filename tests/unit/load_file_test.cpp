@@ -261,7 +261,7 @@ TEST_F(LoadFile, SideToMoveComesFromThePliesOfTheFile) {
 }
 
 TEST_F(LoadFile, PositionLoadsAsTheStartOfAnAnalysisForTwoPeople) {
-    PreviewSelectedFile(preview, LoadPositions, Opened("4k3/8/8/8/8/8/4q3/4K3 b - - 0 0\""));
+    PreviewSelectedFile(preview, LoadPositions, Opened("4k3/8/8/8/8/8/q7/4K3 b - - 0 0\""));
     ASSERT_STREQ(preview.previewStatus.Chars(), "");
     LoadPreviewedGame(target, preview, LoadPositions, &list);
 

@@ -196,7 +196,10 @@ void SaveAndLoadPosition() {
     Check(PreviewSquaresDiffering(pane, halfSkin, Placement(placement)).empty(),
           "the preview shows the position",
           "squares differing: " + PreviewSquaresDiffering(pane, halfSkin, Placement(placement)));
-    program.PressButton(dialog, LoadButtonId, ClosesDialog);
+    DoubleClickFile(dialog);
+    Check(program.WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
+                            "Load position"),
+          "a double click on a good file loads it and closes the dialog");
 
     Check(program.Rows() == std::vector<std::string>{" 0."}, "the list holds the row \" 0.\" alone",
           JoinRows(program.Rows()));

@@ -326,14 +326,4 @@ TEST_F(LoadFile, PreviewTilesAreTheMainBoardsTilesAtHalfSize) {
         }
 }
 
-TEST_F(LoadFile, PreviewTilesTellLightFromDarkAndBlackFromWhite) {
-    source.ResetGameState(ResetStartPosition);
-    EXPECT_EQ(PreviewTile(source.board[0][0], 0, 0).x, 0);        // a1, dark, white rook
-    EXPECT_EQ(PreviewTile(source.board[7][4], 4, 7).x, 32 + 160); // e8, light, black king
-    EXPECT_EQ(PreviewTile(source.board[4][3], 3, 4).x, 32);       // d5, light, empty
-    EXPECT_EQ(PreviewTile(source.board[4][3], 3, 4).y, 0);
-    source.board[4][3].colour = Black; // no piece: colour means nothing
-    EXPECT_EQ(PreviewTile(source.board[4][3], 3, 4).x, 32);
-}
-
 } // namespace

@@ -215,6 +215,13 @@ void SaveAndLoadPosition() {
     Check(PositionMenuLook(program) == "eee", "Position Save enabled in an analysis",
           PositionMenuLook(program));
     CheckSideToMove(program, view, "d2", 'P', "g8f6", 2, "Black");
+
+    // Row 1 of a game that Black began has White to move.
+    program.Command(CommandPositionSave);
+    AnswerSaveName(program, "Save position", "after f6", "Position saved");
+    const std::string after = ReadWholeFile("Save\\after f6.fen");
+    Check(after == "rnbqkb1r/pppp1ppp/5n2/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R w - - 0 0\"",
+          "saving in the analysis writes the position shown, White to move", after);
     Check(program.Close(AsksNothing) == 0, "a loaded position asks nothing at close");
 }
 
@@ -273,6 +280,15 @@ void LoadRefusals() {
     Check(PreviewShowsStatus(CapturePreview(dialog), "Not begin position"),
           "selecting it anew reads the new text");
 
+    // A file held open elsewhere cannot be deleted, and the dialog says so.
+    SelectFile(dialog, 2);
+    HANDLE held = CreateFileA("Save\\c fen.pgn", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    program.PressButton(dialog, DeleteButtonId, KeepsOpen);
+    program.ExpectMessage("Error delete file", IDOK);
+    CloseHandle(held);
+    Check(FileRows(dialog).size() == 3, "a failed delete leaves the list as it was",
+          JoinRows(FileRows(dialog)));
+
     SelectFile(dialog, 1);
     program.PressButton(dialog, DeleteButtonId, KeepsOpen);
     Sleep(300);
@@ -321,6 +337,18 @@ void OfferToSaveOnLeaving() {
     Program program;
     program.Start();
     StartAndPlay(program, view, "e2e4");
+
+    // An empty name saves nothing and leaves the game unsaved.
+    program.Command(CommandGameSave);
+    HWND nameDialog = program.WaitForDialog("Save game");
+    program.SetText(nameDialog, SaveNameId, "");
+    program.PressButton(nameDialog, IDOK, KeepsOpen);
+    program.ExpectMessage("Please enter name", IDOK);
+    Check(program.WaitUntil([nameDialog] { return !IsWindow(nameDialog) || !IsWindowVisible(nameDialog); },
+                            ShortWait, "Save game"),
+          "after \"Please enter name\" the name dialog closes");
+    Check(SavedFiles("*.pgn").empty(), "an empty name writes no file", JoinRows(SavedFiles("*.pgn")));
+    Check(GameMenuLook(program) == "eeee", "Game Save still enabled", GameMenuLook(program));
 
     // New: Yes saves first, then the New game dialog comes.
     program.Command(CommandNewGame);

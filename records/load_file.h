@@ -60,12 +60,12 @@ LoadButtons LoadButtonStates(GameState& preview, Word rowCount, Word selectedRow
 // written anew with its last row selected.
 void LoadPreviewedGame(GameState& target, const GameState& preview, Word kind, const ListHandle* list);
 
+// The half-size tiles of the preview, and its one-pixel margin inside the pane.
+enum PreviewGeometry : Word { PreviewTileSize = 32, PreviewMargin = 1 };
+
 // Where in the half-size skin the preview finds the tile of a square: a light square one column
 // right of a dark one, a black piece five columns further, the piece code giving the row.
 struct SkinTile {
     Word x, y;
 };
 SkinTile PreviewTile(const BoardCell& cell, Word file, Word row);
-
-// The half-size tiles of the preview, and its one-pixel margin inside the pane.
-enum PreviewGeometry : Word { PreviewTileSize = 32, PreviewMargin = 1 };

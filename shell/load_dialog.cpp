@@ -21,6 +21,7 @@ LRESULT ToList(HWND dialog, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) 
     return SendDlgItemMessageA(dialog, IDC_LOAD_LIST, message, wParam, lParam);
 }
 
+// The selected row of the file list, -1 for none.
 Word SelectedRow(HWND dialog) {
     return static_cast<Word>(ToList(dialog, LB_GETCURSEL));
 }

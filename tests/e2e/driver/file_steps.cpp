@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 
 #include "report.h"
 
@@ -46,6 +47,17 @@ int PieceRow(char piece) {
     const char lower = piece >= 'A' && piece <= 'Z' ? static_cast<char>(piece - 'A' + 'a') : piece;
     const size_t found = order.find(lower);
     return found == std::string::npos ? 0 : static_cast<int>(found);
+}
+
+// Captures the pane until `shows` holds of it, for a few seconds at most; gives the last capture.
+Image WaitForPreview(HWND dialog, const std::function<bool(const Image&)>& shows) {
+    Image pane;
+    for (DWORD started = GetTickCount(); GetTickCount() - started < static_cast<DWORD>(ShortWait);
+         Sleep(50)) {
+        pane = CapturePreview(dialog);
+        if (shows(pane)) break;
+    }
+    return pane;
 }
 
 } // namespace
@@ -193,9 +205,18 @@ int PixelsDiffering(const Image& shown, int x, int y, const Image& expected, int
     return CompareAreas(shown, x, y, expected, 0, 0, expected.width, height, 8).pixels;
 }
 
-bool PreviewShowsStatus(const Image& pane, const std::string& text) {
+bool PreviewShowsStatus(HWND dialog, const std::string& text) {
     // The frame along the edge is drawn in the background colour, as the fill is.
-    return !pane.Empty() && PixelsDiffering(pane, 0, 0, DrawnText(text, pane.width, pane.height)) == 0;
+    auto shows = [&text](const Image& pane) {
+        return !pane.Empty() && PixelsDiffering(pane, 0, 0, DrawnText(text, pane.width, pane.height)) == 0;
+    };
+    return shows(WaitForPreview(dialog, shows));
+}
+
+Image WaitForPreviewBoard(HWND dialog, const Image& halfSkin, const Placement& placement) {
+    return WaitForPreview(dialog, [&](const Image& pane) {
+        return PreviewSquaresDiffering(pane, halfSkin, placement).empty();
+    });
 }
 
 std::string ClockText(int seconds) {

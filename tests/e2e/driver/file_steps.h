@@ -63,8 +63,11 @@ Image DrawnText(const std::string& text, int width, int height);
 // the first `rows` rows (all of them for -1).
 int PixelsDiffering(const Image& shown, int x, int y, const Image& expected, int rows = -1);
 
-// Whether the pane shows the status `text` in place of a board.
-bool PreviewShowsStatus(const Image& pane, const std::string& text);
+// Whether the pane shows the status `text` in place of a board, waiting a little for it.
+bool PreviewShowsStatus(HWND dialog, const std::string& text);
+
+// Waits a little for the pane to show the board of `placement`; gives the last capture.
+Image WaitForPreviewBoard(HWND dialog, const Image& halfSkin, const Placement& placement);
 
 // A clock's text, "HH:MM:SS", of a count of seconds.
 std::string ClockText(int seconds);

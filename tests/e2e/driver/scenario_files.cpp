@@ -131,12 +131,11 @@ void SaveAndLoadGame() {
     HWND dialog = OpenLoadDialog(program, CommandGameLoad, "Load game");
     Check(FileRows(dialog) == std::vector<std::string>{"my game.pgn"}, "the list shows the saved game",
           JoinRows(FileRows(dialog)));
-    Check(PreviewShowsStatus(CapturePreview(dialog), "File not selected"),
-          "the pane says \"File not selected\"");
+    Check(PreviewShowsStatus(dialog, "File not selected"), "the pane says \"File not selected\"");
     Check(LoadButtonLook(dialog) == "--", "Load and Delete disabled before a selection",
           LoadButtonLook(dialog));
     SelectFile(dialog, 0);
-    Image pane = CapturePreview(dialog);
+    Image pane = WaitForPreviewBoard(dialog, halfSkin, reached);
     Screenshot("preview of the saved game");
     Check(PreviewSquaresDiffering(pane, halfSkin, reached).empty(),
           "the preview shows the game's last position at half size",
@@ -191,7 +190,7 @@ void SaveAndLoadPosition() {
     Check(FileRows(dialog) == std::vector<std::string>{"black to move.fen"},
           "the list shows position files only", JoinRows(FileRows(dialog)));
     SelectFile(dialog, 0);
-    Image pane = CapturePreview(dialog);
+    Image pane = WaitForPreviewBoard(dialog, halfSkin, Placement(placement));
     Screenshot("preview of the position");
     Check(PreviewSquaresDiffering(pane, halfSkin, Placement(placement)).empty(),
           "the preview shows the position",
@@ -234,7 +233,7 @@ void LoadRefusals() {
 
     HWND dialog = OpenLoadDialog(program, CommandGameLoad, "Load game");
     Check(FileRows(dialog).empty(), "no folder Save: the list is empty");
-    Check(PreviewShowsStatus(CapturePreview(dialog), "File not found"), "the pane says \"File not found\"");
+    Check(PreviewShowsStatus(dialog, "File not found"), "the pane says \"File not found\"");
     Check(LoadButtonLook(dialog) == "--", "Load and Delete disabled", LoadButtonLook(dialog));
     program.PressButton(dialog, CancelButtonId, ClosesDialog);
 
@@ -251,7 +250,7 @@ void LoadRefusals() {
           "the game list shows the three game files, sorted", JoinRows(FileRows(dialog)));
     SelectFile(dialog, 0);
     Placement opened("rnbqkbnr/ppp2ppp/4p3/3p4/2PP4/8/PP2PPPP/RNBQKBNR");
-    Image pane = CapturePreview(dialog);
+    Image pane = WaitForPreviewBoard(dialog, halfSkin, opened);
     Check(PreviewSquaresDiffering(pane, halfSkin, opened).empty(),
           "a file of exactly 4096 bytes is read to its end",
           "squares differing: " + PreviewSquaresDiffering(pane, halfSkin, opened));
@@ -259,26 +258,27 @@ void LoadRefusals() {
 
     SelectFile(dialog, 1);
     Screenshot("file too big");
-    Check(PreviewShowsStatus(CapturePreview(dialog), "File is too big"), "4097 bytes: \"File is too big\"");
+    Check(PreviewShowsStatus(dialog, "File is too big"), "4097 bytes: \"File is too big\"");
     Check(LoadButtonLook(dialog) == "-D", "a refused file may be deleted, not loaded",
           LoadButtonLook(dialog));
     DoubleClickFile(dialog);
     Check(IsWindowVisible(dialog) != FALSE, "a double click on a refused file leaves the dialog open");
 
     SelectFile(dialog, 2);
-    Check(PreviewShowsStatus(CapturePreview(dialog), "Not begin position"),
-          "a [FEN tag: \"Not begin position\"");
+    Check(PreviewShowsStatus(dialog, "Not begin position"), "a [FEN tag: \"Not begin position\"");
 
     // The row selected again is not read again; another selection reads it anew.
     SelectFile(dialog, 0);
     WriteWholeFile("Save\\a exact.pgn", "[FEN \"\"]");
     SelectFile(dialog, 0);
-    Check(PreviewSquaresDiffering(CapturePreview(dialog), halfSkin, opened).empty(),
-          "selecting the selected row again does not read the file again");
+    // Waits the whole while for the new text, which must not come.
+    Check(
+        !PreviewShowsStatus(dialog, "Not begin position") &&
+            PreviewSquaresDiffering(WaitForPreviewBoard(dialog, halfSkin, opened), halfSkin, opened).empty(),
+        "selecting the selected row again does not read the file again");
     SelectFile(dialog, 1);
     SelectFile(dialog, 0);
-    Check(PreviewShowsStatus(CapturePreview(dialog), "Not begin position"),
-          "selecting it anew reads the new text");
+    Check(PreviewShowsStatus(dialog, "Not begin position"), "selecting it anew reads the new text");
 
     // A file held open elsewhere cannot be deleted, and the dialog says so.
     SelectFile(dialog, 2);
@@ -296,8 +296,7 @@ void LoadRefusals() {
           "Delete removes the file", JoinRows(SavedFiles("*.pgn")));
     Check(FileRows(dialog) == std::vector<std::string>{"a exact.pgn", "c fen.pgn"}, "the list is read anew",
           JoinRows(FileRows(dialog)));
-    Check(PreviewShowsStatus(CapturePreview(dialog), "File not selected"),
-          "after a delete: \"File not selected\"");
+    Check(PreviewShowsStatus(dialog, "File not selected"), "after a delete: \"File not selected\"");
     Check(LoadButtonLook(dialog) == "--", "after a delete nothing is selected", LoadButtonLook(dialog));
     program.PressButton(dialog, CancelButtonId, ClosesDialog);
     Check(program.Rows() == idleRows, "Cancel after previews leaves the game as it was",
@@ -307,25 +306,23 @@ void LoadRefusals() {
     Check(FileRows(dialog) == std::vector<std::string>{"d error.fen", "e over.fen", "f fine.fen"},
           "the position list shows the three position files", JoinRows(FileRows(dialog)));
     SelectFile(dialog, 0);
-    Check(PreviewShowsStatus(CapturePreview(dialog), " Error position"),
-          "a pawn on the last row: \" Error position\"");
+    Check(PreviewShowsStatus(dialog, " Error position"), "a pawn on the last row: \" Error position\"");
     SelectFile(dialog, 1);
     Screenshot("game over");
-    Check(PreviewShowsStatus(CapturePreview(dialog), " Game over"), "two bare kings: \" Game over\"");
+    Check(PreviewShowsStatus(dialog, " Game over"), "two bare kings: \" Game over\"");
     Check(LoadButtonLook(dialog) == "-D", "a refused position may be deleted, not loaded",
           LoadButtonLook(dialog));
     SelectFile(dialog, 2);
-    Check(
-        PreviewSquaresDiffering(CapturePreview(dialog), halfSkin, Placement("4k3/8/8/8/8/8/8/4K2Q")).empty(),
-        "a good position is previewed");
+    const Placement fine("4k3/8/8/8/8/8/8/4K2Q");
+    Check(PreviewSquaresDiffering(WaitForPreviewBoard(dialog, halfSkin, fine), halfSkin, fine).empty(),
+          "a good position is previewed");
     for (int left = 3; left > 0; --left) {
         SelectFile(dialog, 0);
         program.PressButton(dialog, DeleteButtonId, KeepsOpen);
         Sleep(300);
     }
     Check(SavedFiles("*.fen").empty(), "every position file deleted", JoinRows(SavedFiles("*.fen")));
-    Check(PreviewShowsStatus(CapturePreview(dialog), "File not found"),
-          "the last delete leaves \"File not found\"");
+    Check(PreviewShowsStatus(dialog, "File not found"), "the last delete leaves \"File not found\"");
     Check(LoadButtonLook(dialog) == "--", "with both buttons disabled", LoadButtonLook(dialog));
     program.PressButton(dialog, CancelButtonId, ClosesDialog);
     Check(program.Close(AsksNothing) == 0, "no game, no question at close");

@@ -35,27 +35,26 @@ Text RowPath(HWND dialog, Word row) {
 }
 
 // Opens the file for reading alone and reads it whole when it fits the limit; hands what came
-// of it to the preview.
+// of it to the preview. A file that opens but cannot be read counts as one that does not open.
 void PreviewFile(const Text& path) {
     const HANDLE file =
         CreateFileA(path.Chars(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
-        PreviewSelectedFile(previewGame, game.loadDialogKind, SelectedFile{false, 0, nullptr});
-        return;
-    }
-    DWORD high = 0;
-    const DWORD low = GetFileSize(file, &high);
-    const std::uint32_t size = high != 0 || low == INVALID_FILE_SIZE ? UINT32_MAX : low;
+    SelectedFile selected{file != INVALID_HANDLE_VALUE, 0, nullptr};
     std::vector<char> bytes;
-    if (FitsLoadLimit(size)) {
-        bytes.resize(size + 1);
-        DWORD read = 0;
-        if (!ReadFile(file, bytes.data(), size, &read, nullptr)) read = 0;
-        bytes.resize(read);
+    if (selected.opened) {
+        DWORD high = 0;
+        const DWORD low = GetFileSize(file, &high);
+        selected.size = high != 0 || low == INVALID_FILE_SIZE ? UINT32_MAX : low;
+        if (FitsLoadLimit(selected.size)) {
+            bytes.resize(selected.size + 1);
+            DWORD read = 0;
+            selected.opened = ReadFile(file, bytes.data(), selected.size, &read, nullptr) != FALSE;
+            selected.size = read;
+            selected.bytes = bytes.data();
+        }
+        CloseHandle(file);
     }
-    CloseHandle(file);
-    const std::uint32_t length = FitsLoadLimit(size) ? static_cast<std::uint32_t>(bytes.size()) : size;
-    PreviewSelectedFile(previewGame, game.loadDialogKind, SelectedFile{true, length, bytes.data()});
+    PreviewSelectedFile(previewGame, game.loadDialogKind, selected);
 }
 
 // Enables Load and Delete as the list and the preview allow.

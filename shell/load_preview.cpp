@@ -47,7 +47,8 @@ void DrawFrame(HDC dc, const RECT& area) {
 
 } // namespace
 
-// Paints the pane, which the dialog draws for it whenever it is invalidated.
+// Paints the pane. The pane is an owner-drawn static, so the dialog draws it in WM_DRAWITEM
+// whenever it is invalidated, and no paint of the control's own can cover the board afterwards.
 void PaintLoadPreview(const DRAWITEMSTRUCT& drawItem) {
     const HDC dc = drawItem.hDC;
     RECT area;

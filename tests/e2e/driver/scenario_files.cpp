@@ -280,9 +280,11 @@ void LoadRefusals() {
     SelectFile(dialog, 0);
     Check(PreviewShowsStatus(dialog, "Not begin position"), "selecting it anew reads the new text");
 
-    // A file held open elsewhere cannot be deleted, and the dialog says so.
-    SelectFile(dialog, 2);
+    // A file held open elsewhere can neither be read nor deleted, and the dialog says so.
     HANDLE held = CreateFileA("Save\\c fen.pgn", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    SelectFile(dialog, 2);
+    Check(PreviewShowsStatus(dialog, "Error open file"), "a file held open elsewhere: \"Error open file\"");
+    Check(LoadButtonLook(dialog) == "-D", "which may be deleted, not loaded", LoadButtonLook(dialog));
     program.PressButton(dialog, DeleteButtonId, KeepsOpen);
     program.ExpectMessage("Error delete file", IDOK);
     CloseHandle(held);

@@ -24,6 +24,7 @@
 #define IDD_ABOUT 103
 #define IDD_PROMOTION 129
 #define IDD_OPTIONS 132
+#define IDD_LOAD 145
 #define IDD_NEW_GAME 146
 #define IDD_SAVE_NAME 152
 
@@ -42,6 +43,9 @@
 #define IDC_WHITE_PICTURE 1025
 #define IDC_BLACK_PICTURE 1026
 #define IDC_SAVE_NAME 1017
+#define IDC_LOAD_DELETE 3
+#define IDC_LOAD_LIST 1012
+#define IDC_LOAD_PREVIEW 1013
 #ifndef IDC_STATIC
 #define IDC_STATIC (-1)
 #endif

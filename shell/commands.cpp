@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "core/game_state.h"
+#include "records/load_file.h"
 #include "resource.h"
 #include "shell/main_window.h"
 #include "shell/shell_parts.h"
@@ -35,6 +36,12 @@ void StartNewGame() {
     ShowNewGameDialog();
 }
 
+// Offers to save the game on the board, then lets the user pick a file of `kind` to load.
+void LoadFromFolder(LoadKind kind) {
+    game.OfferToSave();
+    ShowLoadDialog(kind);
+}
+
 } // namespace
 
 // Whether a file of that name can be found.
@@ -62,6 +69,8 @@ bool OnCommand(WPARAM wParam) {
     case IDM_EXIT: SendMessageA(shellState.mainWindow, WM_CLOSE, 0, 0); break;
     case IDM_GAME_SAVE: game.SaveGame(); break;
     case IDM_GAME_NEW: StartNewGame(); break;
+    case IDM_GAME_LOAD: LoadFromFolder(LoadGames); break;
+    case IDM_POSITION_LOAD: LoadFromFolder(LoadPositions); break;
     case IDM_POSITION_SAVE: game.SavePosition(); break;
     case IDM_USER_MANUAL: OpenUserManual(); break;
     case IDM_WEB_SITE: OpenWithShell("drenu-4.url"); break;

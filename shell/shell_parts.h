@@ -30,6 +30,10 @@ LRESULT CALLBACK NameEditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
 // Subclasses `edit` with NameEditProc.
 void SubclassNameEdit(HWND edit);
 void SyncSideControls(HWND dialog);
+// Loads a game (kind 0) or a position (kind 1) chosen from the folder Save.
+void ShowLoadDialog(int kind);
+// load_preview.cpp: the Load dialog's owner-drawn preview pane.
+void PaintLoadPreview(const DRAWITEMSTRUCT& drawItem);
 
 // commands.cpp
 bool FileExists(const char* path);

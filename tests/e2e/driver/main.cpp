@@ -22,6 +22,10 @@ constexpr e2e::Scenario scenarios[] = {
     {"step-back-vs-computer", e2e::StepBackAgainstComputer},
     {"list-keys", e2e::ListKeys},
     {"list-hidden-keys", e2e::ListHiddenKeys},
+    {"save-load-game", e2e::SaveAndLoadGame},
+    {"save-load-position", e2e::SaveAndLoadPosition},
+    {"load-refusals", e2e::LoadRefusals},
+    {"offer-to-save", e2e::OfferToSaveOnLeaving},
 };
 
 } // namespace

@@ -36,4 +36,11 @@ void StepBackAgainstComputer();
 void ListKeys();
 void ListHiddenKeys();
 
+// Files: a game and a position saved and loaded back, the files the Load dialog refuses and
+// deletes, and the question asked before a game with new moves is left.
+void SaveAndLoadGame();
+void SaveAndLoadPosition();
+void LoadRefusals();
+void OfferToSaveOnLeaving();
+
 } // namespace e2e

@@ -5,6 +5,7 @@
 #include "core/game_state.h"
 #include "resource.h"
 #include "shell/main_window.h"
+#include "shell/set_position.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
 
@@ -63,6 +64,10 @@ bool OnCommand(WPARAM wParam) {
     case IDM_GAME_SAVE: game.SaveGame(); break;
     case IDM_GAME_NEW: StartNewGame(); break;
     case IDM_POSITION_SAVE: game.SavePosition(); break;
+    case IDM_POSITION_SET: OnPositionSet(); break;
+    case IDC_MOVES_LIST:
+        if (HIWORD(wParam) == LBN_SELCHANGE && game.setupMode) OnSetupListSelection();
+        break;
     case IDM_USER_MANUAL: OpenUserManual(); break;
     case IDM_WEB_SITE: OpenWithShell("drenu-4.url"); break;
     default: return false;

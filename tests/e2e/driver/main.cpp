@@ -19,6 +19,10 @@ constexpr e2e::Scenario scenarios[] = {
     {"computer-vs-computer", e2e::ComputerAgainstComputer},
     {"settings-edited", e2e::HandEditedSettings},
     {"white-on-top", e2e::WhiteOnTop},
+    {"set-position", e2e::SetPositionByHand},
+    {"set-position-refusals", e2e::SetPositionRefusals},
+    {"set-position-save", e2e::SetPositionSave},
+    {"set-position-hidden-list", e2e::SetPositionWithHiddenList},
 };
 
 } // namespace

@@ -363,8 +363,17 @@ void SetPositionSave() {
     program.Command(CommandPositionSet);
     program.ExpectMessage("Save begin position?", IDYES);
     HWND dialog = program.WaitForDialog("Save position");
-    Check(hand.Shows("7k/8/8/8/8/8/R7/K7"), "while the name is asked, the board shows the begin position",
-          hand.lastDifference);
+    // The dialog stands over the middle of the board; the squares of the set-up lie outside it.
+    bool beginShown = WaitForScreen(
+        program,
+        [&](const Image& now) {
+            return ShowsTile(now, view, "a1", 'K', ColumnPlain) &&
+                   ShowsTile(now, view, "a2", 'R', ColumnPlain) &&
+                   ShowsTile(now, view, "a7", '.', ColumnPlain) &&
+                   ShowsTile(now, view, "h8", 'k', ColumnPlain);
+        },
+        ShortWait);
+    Check(beginShown, "while the name is asked, the board shows the begin position");
     Check(SelectedRow(program) == 0, "and row \" 0.\" is selected");
     program.SetText(dialog, SaveNameId, "again");
     program.PressButton(dialog, IDOK, ClosesDialog);
@@ -392,7 +401,6 @@ void SetPositionWithHiddenList() {
     BoardView view{&skin.full, 64, false};
     Program program;
     program.Start();
-    SetupHand hand(program, view);
     StartGameWithOneMove(program, view);
     std::vector<std::string> rows = program.Rows();
 
@@ -401,8 +409,17 @@ void SetPositionWithHiddenList() {
         "This mode needs <Moves list> to be displayed.\nSelect menu item <Options> and set it.", IDOK);
     Screenshot("set refused without the list");
     Check(program.Rows() == rows, "the game's rows stay", JoinRows(program.Rows()));
-    Check(hand.Shows("rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR"), "the game stays on the board",
-          hand.lastDifference);
+    Placement afterMove("rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR");
+    Image shown;
+    bool kept = WaitForScreen(
+        program,
+        [&](const Image& now) {
+            return SquaresDiffering(now, view, afterMove) == "e2 e4" &&
+                   ShowsTile(now, view, "e4", 'P', ColumnLastMove);
+        },
+        ShortWait, &shown);
+    Check(kept, "the game stays on the board, its last move marked",
+          SquaresDiffering(shown, view, afterMove));
     PlayMove(program, view, "e7e5", 3);
     Check(program.Close(AsksToSave) == 0, "the game goes on, unsaved, and the program ends with 0");
 }

@@ -4,6 +4,8 @@
 
 #include <initializer_list>
 
+#include "records/material.h"
+
 namespace {
 
 // The piece and colour of a letter of a position file; PieceNone for any other character.
@@ -50,45 +52,16 @@ Word ScanBoardField(GameState& state, const Text& text) {
     return -1;
 }
 
-// Counts of one colour's pieces that tell whether the material could have come from a game.
-struct PieceCounts {
-    Word pawns = 0, knights = 0, rooks = 0, queens = 0, kings = 0;
-    Word bishopsOn[2] = {0, 0}; // by colour of square
-};
-
-PieceCounts CountMaterial(const GameState& state, Word colour) {
-    PieceCounts m;
-    for (Word row = 0; row < 8; ++row)
-        for (Word file = 0; file < 8; ++file) {
-            const BoardCell& cell = state.board[row][file];
-            if (cell.piece == PieceNone || cell.colour != colour) continue;
-            switch (cell.piece) {
-            case Pawn: ++m.pawns; break;
-            case Knight: ++m.knights; break;
-            case Bishop: ++m.bishopsOn[(row + file) % 2]; break;
-            case Rook: ++m.rooks; break;
-            case Queen: ++m.queens; break;
-            default: ++m.kings; break;
-            }
-        }
-    return m;
-}
-
-// Pieces beyond the set a side starts with, each of which must have been a pawn.
-Word Extras(const PieceCounts& m) {
-    auto above = [](Word count, Word limit) { return count > limit ? count - limit : 0; };
-    return above(m.knights, 2) + above(m.rooks, 2) + above(m.queens, 1) + above(m.bishopsOn[0], 1) +
-           above(m.bishopsOn[1], 1);
-}
-
 // True when a pawn stands where no pawn can stand, or a side has not exactly one king, or more
 // pieces stand than eight pawns could have become.
 bool ImpossibleMaterial(const GameState& state) {
     for (Word file = 0; file < 8; ++file)
         if (state.board[0][file].piece == Pawn || state.board[7][file].piece == Pawn) return true;
+    const PieceCounts pieces = CountPieces(state.board);
+    const BishopCounts bishops = CountBishopsBySquareColour(state.board);
     for (const Word colour : {White, Black}) {
-        const PieceCounts m = CountMaterial(state, colour);
-        if (m.kings != 1 || m.pawns + Extras(m) > 8) return true;
+        const Word(&n)[7] = pieces.byPiece[colour];
+        if (n[King] != 1 || n[Pawn] + ExtraPieces(pieces, bishops, colour) > 8) return true;
     }
     return false;
 }

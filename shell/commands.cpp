@@ -6,6 +6,7 @@
 #include "records/load_file.h"
 #include "resource.h"
 #include "shell/main_window.h"
+#include "shell/set_position.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
 
@@ -72,11 +73,15 @@ bool OnCommand(WPARAM wParam) {
     case IDM_GAME_LOAD: LoadFromFolder(LoadGames); break;
     case IDM_POSITION_LOAD: LoadFromFolder(LoadPositions); break;
     case IDM_POSITION_SAVE: game.SavePosition(); break;
+    case IDM_POSITION_SET: OnPositionSet(); break;
     case IDM_USER_MANUAL: OpenUserManual(); break;
     case IDM_WEB_SITE: OpenWithShell("drenu-4.url"); break;
     case IDC_MOVES_LIST:
-        if (game.setupMode) break;
-        OnMovesListNotify(HIWORD(wParam));
+        // In set-up the list is the palette; otherwise it is the way through the game.
+        if (!game.setupMode)
+            OnMovesListNotify(HIWORD(wParam));
+        else if (HIWORD(wParam) == LBN_SELCHANGE)
+            OnSetupListSelection();
         break;
     default: return false;
     }

@@ -5,6 +5,7 @@
 #include "records/settings.h"
 #include "shell/board_geometry.h"
 #include "shell/main_window.h"
+#include "shell/set_position.h"
 #include "shell/shell_state.h"
 
 namespace {
@@ -71,7 +72,9 @@ void OnBoardClick(UINT message, LPARAM lParam) {
     if (r < 0) return;
     const Word side = game.SideAtListIndex(r);
     if (!onBoard) return;
-    // In set-position mode a click places a piece rather than playing; nothing enters that mode yet.
-    if (game.setupMode) return;
+    if (game.setupMode) {
+        OnSetupClick(message, file, row, r);
+        return;
+    }
     OnPlayClick(message, file, row, r, rowCount, side);
 }

@@ -26,6 +26,10 @@ constexpr e2e::Scenario scenarios[] = {
     {"save-load-position", e2e::SaveAndLoadPosition},
     {"load-refusals", e2e::LoadRefusals},
     {"offer-to-save", e2e::OfferToSaveOnLeaving},
+    {"set-position", e2e::SetPositionByHand},
+    {"set-position-refusals", e2e::SetPositionRefusals},
+    {"set-position-save", e2e::SetPositionSave},
+    {"set-position-hidden-list", e2e::SetPositionWithHiddenList},
 };
 
 } // namespace

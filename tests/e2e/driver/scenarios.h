@@ -43,4 +43,11 @@ void SaveAndLoadPosition();
 void LoadRefusals();
 void OfferToSaveOnLeaving();
 
+// A position set up by hand with both buttons, then analysed; every refusal of set-up; the offers
+// to save before it and the saved begin position; and set-up refused with the list hidden.
+void SetPositionByHand();
+void SetPositionRefusals();
+void SetPositionSave();
+void SetPositionWithHiddenList();
+
 } // namespace e2e

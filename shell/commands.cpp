@@ -5,6 +5,7 @@
 #include "core/game_state.h"
 #include "resource.h"
 #include "shell/main_window.h"
+#include "shell/options_dialog.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
 
@@ -62,6 +63,7 @@ bool OnCommand(WPARAM wParam) {
     case IDM_EXIT: SendMessageA(shellState.mainWindow, WM_CLOSE, 0, 0); break;
     case IDM_GAME_SAVE: game.SaveGame(); break;
     case IDM_GAME_NEW: StartNewGame(); break;
+    case IDM_OPTIONS: ShowOptionsDialog(); break;
     case IDM_POSITION_SAVE: game.SavePosition(); break;
     case IDM_USER_MANUAL: OpenUserManual(); break;
     case IDM_WEB_SITE: OpenWithShell("drenu-4.url"); break;

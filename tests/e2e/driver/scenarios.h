@@ -30,4 +30,9 @@ void ComputerAgainstComputer();
 void HandEditedSettings();
 void WhiteOnTop();
 
+// The Options dialog: display choices on the board, skin files, colours from a skin, Cancel, and
+// choices kept across a restart.
+void OptionsDisplay();
+void OptionsRestart();
+
 } // namespace e2e

@@ -21,6 +21,9 @@ constexpr e2e::Scenario scenarios[] = {
     {"white-on-top", e2e::WhiteOnTop},
     {"options-display", e2e::OptionsDisplay},
     {"options-restart", e2e::OptionsRestart},
+    {"options-skins", e2e::OptionsSkinFiles},
+    {"options-colours", e2e::OptionsColours},
+    {"options-cancel", e2e::OptionsCancelKeepsAll},
 };
 
 } // namespace

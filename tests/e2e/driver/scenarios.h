@@ -34,5 +34,8 @@ void WhiteOnTop();
 // choices kept across a restart.
 void OptionsDisplay();
 void OptionsRestart();
+void OptionsSkinFiles();
+void OptionsColours();
+void OptionsCancelKeepsAll();
 
 } // namespace e2e

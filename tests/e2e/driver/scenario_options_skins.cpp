@@ -17,6 +17,8 @@ namespace {
 
 constexpr COLORREF DefaultBackground = RGB(128, 128, 128);
 constexpr COLORREF DefaultInk = RGB(255, 255, 255);
+// The edits of the colour dialog that hold the chosen colour's channels.
+enum ColourDialogEdit : int { ColourRedEdit = 706, ColourGreenEdit = 707, ColourBlueEdit = 708 };
 constexpr const char* StockNames[7] = {"1. Book",   "2. Classic", "3. Old",  "4. Bright",
                                        "5. Modern", "6. Desk",    "7. Clear"};
 
@@ -199,6 +201,18 @@ void OptionsColours() {
     program.PressButton(colourDialog, IDCANCEL, ClosesDialog);
     Check(SwatchColour(dialog, OptionsBackground) == DefaultBackground,
           "Cancel in the colour dialog keeps the background");
+
+    // The colour dialog's edits for red, green and blue take a colour as typed.
+    program.PressButton(dialog, OptionsInk, KeepsOpen);
+    colourDialog = program.WaitForDialog("Color");
+    const int channelEdits[3] = {ColourRedEdit, ColourGreenEdit, ColourBlueEdit};
+    const char* typed[3] = {"10", "20", "30"};
+    for (int k = 0; k < 3; ++k)
+        program.SetText(colourDialog, channelEdits[k], typed[k]);
+    program.PressButton(colourDialog, IDOK, ClosesDialog);
+    bool chosen =
+        program.WaitUntil([&] { return SwatchColour(dialog, OptionsInk) == RGB(10, 20, 30); }, ShortWait);
+    Check(chosen, "OK in the colour dialog makes its colour the ink", Hex(SwatchColour(dialog, OptionsInk)));
 
     SelectSkinRow(dialog, 2);
     program.PressButton(dialog, OptionsPick, KeepsOpen);

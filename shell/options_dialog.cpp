@@ -83,10 +83,11 @@ OptionsChoices ReadChoices(HWND dialog) {
     return choices;
 }
 
-// The swatches and everything drawn in the pending colours are made anew.
+// The swatches are made anew and the dialog is drawn again; its controls too, since the erase
+// of the dialog's background may cover a group box that would otherwise not repaint.
 void ShowPendingColours(HWND dialog) {
     MakeColourSwatches(dialog);
-    InvalidateRect(dialog, nullptr, TRUE);
+    RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // Fills the dialog from the settings and opens the preview on the chosen skin.

@@ -92,6 +92,14 @@ ColourPair ExpectedPick(const Image& skin) {
     return {RGB(dark[0], dark[1], dark[2]), RGB(light[0], light[1], light[2])};
 }
 
+// The screen around a control, wide enough to hold the frame of its group box.
+Image CaptureAround(HWND dialog, int id) {
+    RECT frame{};
+    GetWindowRect(GetDlgItem(dialog, id), &frame);
+    return CaptureScreen(frame.left - 12, frame.top - 24, frame.right - frame.left + 24,
+                         frame.bottom - frame.top + 36);
+}
+
 std::string Hex(COLORREF colour) {
     char text[16];
     std::snprintf(text, sizeof text, "%06lX", static_cast<unsigned long>(colour));
@@ -215,6 +223,7 @@ void OptionsColours() {
     Check(chosen, "OK in the colour dialog makes its colour the ink", Hex(SwatchColour(dialog, OptionsInk)));
 
     SelectSkinRow(dialog, 2);
+    Image soundBefore = CaptureAround(dialog, OptionsBeep);
     program.PressButton(dialog, OptionsPick, KeepsOpen);
     ColourPair expected = ExpectedPick(old);
     bool picked = program.WaitUntil(
@@ -227,6 +236,10 @@ void OptionsColours() {
     Check(picked, "Pick from skin: background " + Hex(expected.background) + ", ink " + Hex(expected.ink),
           "swatches show " + Hex(SwatchColour(dialog, OptionsBackground)) + " and " +
               Hex(SwatchColour(dialog, OptionsInk)));
+    Image soundAfter = CaptureAround(dialog, OptionsBeep);
+    Check(CompareAreas(soundBefore, 0, 0, soundAfter, 0, 0, soundAfter.width, soundAfter.height, 0).pixels ==
+              0,
+          "the dialog drawn anew keeps the frame of the Sound group");
     MoveAside(dialog);
     Image shown = program.CaptureClient();
     Check(shown.Pixel(690, 10) == DefaultBackground, "the window keeps its colours until OK");

@@ -161,7 +161,7 @@ void OnSkinSelected(HWND dialog) {
 }
 
 // Runs the dialog's buttons and the skin list's selection.
-void OnCommand(HWND dialog, int id, int notification) {
+void OnDialogCommand(HWND dialog, int id, int notification) {
     switch (id) {
     case IDOK:
         ApplyOptions(dialog);
@@ -189,10 +189,11 @@ void OnDestroy() {
     }
 }
 
+// The dialog's messages: opening, its buttons and list, the preview's paint and closing.
 INT_PTR CALLBACK OptionsDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITDIALOG: OnInitDialog(dialog); return TRUE;
-    case WM_COMMAND: OnCommand(dialog, LOWORD(wParam), HIWORD(wParam)); return TRUE;
+    case WM_COMMAND: OnDialogCommand(dialog, LOWORD(wParam), HIWORD(wParam)); return TRUE;
     case WM_DRAWITEM:
         if (wParam != IDC_OPTIONS_PREVIEW) return FALSE;
         PaintSkinPreview(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));

@@ -48,7 +48,13 @@ void ReloadSkinPreview(HWND dialog) {
 void PaintSkinPreview(const DRAWITEMSTRUCT& drawItem) {
     const HDC dc = drawItem.hDC;
     const RECT& area = drawItem.rcItem;
-    FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
+    // Only the control's area beside and below the board is filled, so that a new skin does not
+    // flicker.
+    const int boardEnd = 1 + 8 * PreviewTile;
+    const RECT beside{area.left + boardEnd, area.top, area.right, area.bottom};
+    const RECT below{area.left, area.top + boardEnd, area.right, area.bottom};
+    FillRect(dc, &beside, GetSysColorBrush(COLOR_BTNFACE));
+    FillRect(dc, &below, GetSysColorBrush(COLOR_BTNFACE));
     for (int i = 0; i < 8; ++i) {
         for (int j = 0; j < 8; ++j) {
             const BoardCell& cell = game.board[7 - i][j];

@@ -318,15 +318,18 @@ void OptionsCancelKeepsAll() {
           "the dialog opens with the choices of the file",
           std::to_string(differing) + " boxes differ, row " + std::to_string(SelectedSkinRow(dialog)) +
               ", background " + Hex(SwatchColour(dialog, OptionsBackground)));
+    // The press is posted, and the reads below are sent, which the dialog may answer first.
     program.PressButton(dialog, OptionsDefault, KeepsOpen);
-    differing = 0;
-    for (int k = 0; k < 8; ++k)
-        differing += IsChecked(dialog, OptionsCheckBoxes[k]) != (OptionsCheckBoxes[k] != OptionsWhiteOnTop);
-    program.WaitUntil([&] { return SwatchColour(dialog, OptionsInk) == DefaultInk; }, ShortWait);
-    Check(differing == 0 && IsChecked(dialog, OptionsScale100) && !IsChecked(dialog, OptionsScale75) &&
-              SelectedSkinRow(dialog) == 0 && SwatchColour(dialog, OptionsBackground) == DefaultBackground &&
-              SwatchColour(dialog, OptionsInk) == DefaultInk,
-          "Set to default shows the defaults in the dialog",
+    auto showsDefaults = [&] {
+        differing = 0;
+        for (int k = 0; k < 8; ++k)
+            differing +=
+                IsChecked(dialog, OptionsCheckBoxes[k]) != (OptionsCheckBoxes[k] != OptionsWhiteOnTop);
+        return differing == 0 && IsChecked(dialog, OptionsScale100) && !IsChecked(dialog, OptionsScale75) &&
+               SelectedSkinRow(dialog) == 0 && SwatchColour(dialog, OptionsBackground) == DefaultBackground &&
+               SwatchColour(dialog, OptionsInk) == DefaultInk;
+    };
+    Check(program.WaitUntil(showsDefaults, ShortWait), "Set to default shows the defaults in the dialog",
           std::to_string(differing) + " boxes differ, row " + std::to_string(SelectedSkinRow(dialog)) +
               ", colours " + Hex(SwatchColour(dialog, OptionsBackground)) + " and " +
               Hex(SwatchColour(dialog, OptionsInk)));

@@ -43,9 +43,29 @@
 #define IDC_WHITE_PICTURE 1025
 #define IDC_BLACK_PICTURE 1026
 #define IDC_SAVE_NAME 1017
+// The Load dialog: list of files, preview pane and the Delete button.
 #define IDC_LOAD_DELETE 3
 #define IDC_LOAD_LIST 1012
 #define IDC_LOAD_PREVIEW 1013
+
+// The Options dialog: the OK, Cancel, colour and Apply buttons keep the small ids of its layout.
+#define IDC_OPTIONS_BACKGROUND 3
+#define IDC_OPTIONS_INK 4
+#define IDC_OPTIONS_PICK 5
+#define IDC_OPTIONS_APPLY 7
+#define IDC_OPTIONS_DEFAULT 9
+#define IDC_OPTIONS_LEGAL_MOVE 1005
+#define IDC_OPTIONS_LAST_MOVE 1006
+#define IDC_OPTIONS_CHECK 1007
+#define IDC_OPTIONS_AI_PROGRESS 1008
+#define IDC_OPTIONS_BEEP 1009
+#define IDC_OPTIONS_PREVIEW 1010
+#define IDC_OPTIONS_SKINS 1011
+#define IDC_OPTIONS_WHITE_ON_TOP 1012
+#define IDC_OPTIONS_COORDINATES 1013
+#define IDC_OPTIONS_MOVES_LIST 1014
+#define IDC_OPTIONS_SCALE_75 1018
+#define IDC_OPTIONS_SCALE_100 1019
 #ifndef IDC_STATIC
 #define IDC_STATIC (-1)
 #endif

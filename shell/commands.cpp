@@ -6,6 +6,7 @@
 #include "records/load_file.h"
 #include "resource.h"
 #include "shell/main_window.h"
+#include "shell/options_dialog.h"
 #include "shell/set_position.h"
 #include "shell/shell_parts.h"
 #include "shell/shell_state.h"
@@ -72,6 +73,7 @@ bool OnCommand(WPARAM wParam) {
     case IDM_GAME_NEW: StartNewGame(); break;
     case IDM_GAME_LOAD: LoadFromFolder(LoadGames); break;
     case IDM_POSITION_LOAD: LoadFromFolder(LoadPositions); break;
+    case IDM_OPTIONS: ShowOptionsDialog(); break;
     case IDM_POSITION_SAVE: game.SavePosition(); break;
     case IDM_POSITION_SET: OnPositionSet(); break;
     case IDM_USER_MANUAL: OpenUserManual(); break;

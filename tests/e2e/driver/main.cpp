@@ -30,6 +30,11 @@ constexpr e2e::Scenario scenarios[] = {
     {"set-position-refusals", e2e::SetPositionRefusals},
     {"set-position-save", e2e::SetPositionSave},
     {"set-position-hidden-list", e2e::SetPositionWithHiddenList},
+    {"options-display", e2e::OptionsDisplay},
+    {"options-restart", e2e::OptionsRestart},
+    {"options-skins", e2e::OptionsSkinFiles},
+    {"options-colours", e2e::OptionsColours},
+    {"options-cancel", e2e::OptionsCancelKeepsAll},
 };
 
 } // namespace

@@ -50,4 +50,12 @@ void SetPositionRefusals();
 void SetPositionSave();
 void SetPositionWithHiddenList();
 
+// The Options dialog: display choices on the board, skin files, colours from a skin, Cancel, and
+// choices kept across a restart.
+void OptionsDisplay();
+void OptionsRestart();
+void OptionsSkinFiles();
+void OptionsColours();
+void OptionsCancelKeepsAll();
+
 } // namespace e2e

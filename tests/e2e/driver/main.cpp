@@ -19,6 +19,8 @@ constexpr e2e::Scenario scenarios[] = {
     {"computer-vs-computer", e2e::ComputerAgainstComputer},
     {"settings-edited", e2e::HandEditedSettings},
     {"white-on-top", e2e::WhiteOnTop},
+    {"release-folder", e2e::ReleaseFolder},
+    {"manual-shots", e2e::ManualPictures},
 };
 
 } // namespace

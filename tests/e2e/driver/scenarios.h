@@ -30,4 +30,11 @@ void ComputerAgainstComputer();
 void HandEditedSettings();
 void WhiteOnTop();
 
+// The folder unpacked from the release zip: its files, the manual from the Help menu, a move,
+// the exit, the settings file beside the program, and the example skin.
+void ReleaseFolder();
+
+// The pictures of the user manual.
+void ManualPictures();
+
 } // namespace e2e

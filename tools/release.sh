@@ -28,6 +28,13 @@ for exe in velok3 velok3-uci; do
     echo "release: build/$preset/$exe.exe is not a $format program" >&2
     exit 1
   fi
+  # A bare Windows has only its own libraries: a toolchain DLL here would stop the start.
+  foreign=$(objdump -p "build/$preset/$exe.exe" | sed -n 's/^[[:space:]]*DLL Name: //p' |
+    grep -viE '^(advapi32|comctl32|comdlg32|gdi32|kernel32|msimg32|msvcrt|shell32|user32)\.dll$' || true)
+  if [ -n "$foreign" ]; then
+    echo "release: build/$preset/$exe.exe needs libraries Windows does not have:" $foreign >&2
+    exit 1
+  fi
   "$strip" -o "$stage/$exe.exe" "build/$preset/$exe.exe"
 done
 cp "$out/manual/velok-3.chm" docs/release/drenu-4.url "$stage/"

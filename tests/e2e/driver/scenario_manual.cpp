@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 #include "report.h"
@@ -13,12 +14,26 @@ namespace e2e {
 
 namespace {
 
-// Commands of the menu whose dialogs or modes the manual shows.
+// Commands of the menu whose dialogs the manual shows.
 enum ManualCommand : int {
     CommandGameLoad = 32773,
     CommandPositionLoad = 32779,
     CommandOptions = 32771,
-    CommandPositionSet = 32781,
+};
+
+// A dialog of the program that the manual pictures once the program has it: its command, its
+// dialog resource, its title and the picture's name.
+struct DialogPicture {
+    int command;
+    int resource;
+    const char* title;
+    const char* picture;
+};
+
+constexpr DialogPicture LaterDialogs[] = {
+    {CommandGameLoad, 145, "Load game", "load-game"},
+    {CommandPositionLoad, 145, "Load position", "load-position"},
+    {CommandOptions, 132, "Options", "options"},
 };
 
 // A dialog needs a moment after it appears before all its controls are painted.
@@ -62,6 +77,16 @@ void PictureOfDialog(Program& program, int command, const char* title, const cha
     program.PressButton(dialog, IDCANCEL, ClosesDialog);
 }
 
+// True when the exe holds the dialog resource.
+bool ProgramHasDialog(int resource) {
+    HMODULE module = LoadLibraryExA(".\\velok3.exe", nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    if (!module) return false;
+    bool found =
+        FindResourceA(module, MAKEINTRESOURCEA(resource), MAKEINTRESOURCEA(5) /* RT_DIALOG */) != nullptr;
+    FreeLibrary(module);
+    return found;
+}
+
 // Starts a game of two people, answering No when the program offers to save the last one.
 void StartGameOfTwo(Program& program, SaveQuestion question) {
     NewGame game;
@@ -86,9 +111,9 @@ void PlayMoves(Program& program, const BoardView& view, const std::vector<const 
 
 } // namespace
 
-// To picture a further dialog, add a PictureOfDialog line (the command, its title and the file
-// name that the manual's page uses), for example CommandOptions with "Options"; for a mode of
-// the main window, give the command and then SavePicture(program.Window(), ...).
+// A further dialog goes into LaterDialogs, and is pictured as soon as the program has it; a mode
+// of the main window, such as setting up a position, is its command followed by
+// SavePicture(program.Window(), ...). The manual's page then shows it by <img src="images/NAME.png">.
 void ManualPictures() {
     ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
     BoardView view{&skin.full, 64, false};
@@ -101,6 +126,12 @@ void ManualPictures() {
     Check(idle, "the start position is on the board before the first picture");
     SavePicture(program.Window(), "main-window");
     PictureOfDialog(program, CommandAbout, "About", "about");
+    for (const DialogPicture& later : LaterDialogs) {
+        if (ProgramHasDialog(later.resource))
+            PictureOfDialog(program, later.command, later.title, later.picture);
+        else
+            std::printf("note: no picture %s, this build has no dialog %d\n", later.picture, later.resource);
+    }
 
     // The New game dialog as a user fills it in to play the computer.
     NewGame computerGame;

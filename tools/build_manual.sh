@@ -11,6 +11,17 @@ if ! command -v chmcmd >/dev/null; then
   exit 1
 fi
 
+# chmcmd leaves out, without a word, a page that no list names and no page links to.
+for page in docs/manual/*.html; do
+  name=$(basename "$page")
+  for list in velok-3.hhp contents.hhc; do
+    if ! grep -q "$name" "docs/manual/$list"; then
+      echo "manual: $name is not named in docs/manual/$list" >&2
+      exit 1
+    fi
+  done
+done
+
 # chmcmd writes beside the project file, so it works on a copy and never in the source tree.
 stage="$out/source"
 rm -rf "$stage"

@@ -172,6 +172,21 @@ void CheckManualOpens(Program& program) {
     EndProcesses(viewers);
 }
 
+// Opens the web address from the Help menu and checks that the shortcut reached the shell, whose
+// handler of Internet shortcuts under Wine is rundll32.exe; the browser itself is not awaited.
+void CheckWebEntryOpens(Program& program) {
+    program.Command(CommandWebSite);
+    std::vector<DWORD> handlers;
+    bool started = program.WaitUntil(
+        [&] {
+            handlers = ChildProcesses(program.ProcessId(), "rundll32.exe");
+            return !handlers.empty();
+        },
+        ShortWait * 2);
+    Check(started, "the web entry of the Help menu hands drenu-4.url to the shell");
+    EndProcesses(handlers);
+}
+
 // Starts the program with the example skin chosen in the settings file, and checks the board.
 void CheckExampleSkin(const std::string& settingsName) {
     std::string settings = ReadWholeFile(settingsName);
@@ -208,6 +223,7 @@ void ReleaseFolder() {
     Program program;
     program.Start("velok3.exe from the release folder");
     CheckManualOpens(program);
+    CheckWebEntryOpens(program);
     NewGame game;
     game.black = RowHuman;
     game.whiteName = "Alice";

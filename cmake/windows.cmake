@@ -1,6 +1,10 @@
 # Windows targets, cross-compiled with mingw-w64: the program, the UCI console engine and the
 # end-to-end test driver. Everything links statically so the exes run on a bare Windows.
-add_link_options(-static -static-libgcc -static-libstdc++)
+if(MSVC)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+  add_link_options(-static -static-libgcc -static-libstdc++)
+endif()
 
 if(VELOK3_SHELL_SOURCES AND EXISTS ${CMAKE_SOURCE_DIR}/resources/velok3.rc)
   enable_language(RC)
@@ -30,5 +34,7 @@ if(VELOK3_E2E_DRIVER_SOURCES)
   target_link_libraries(velok3-e2e-driver PRIVATE user32 gdi32)
   # GCC 12 at -O3 reports false overlaps inside std::string concatenation (its bug 105651); the
   # driver builds its messages that way.
-  target_compile_options(velok3-e2e-driver PRIVATE -Wno-restrict)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(velok3-e2e-driver PRIVATE -Wno-restrict)
+  endif()
 endif()

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test: unit tests under ASan and UBSan with g++ and with clang,
-# the fuzz targets for a bounded time, the release and both Windows builds, and the end-to-end
-# tests of the real program under Wine.
+# the fuzz targets for a bounded time, the release and both Windows builds, the release zip with
+# the compiled manual, and the end-to-end tests of the real program under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -33,8 +33,11 @@ for preset in win32 win64; do
   cmake --build --preset "$preset" -j "$jobs"
 done
 
+step "release zip (i686 program, manual compiled without warnings)"
+bash tools/release.sh win32
+
 if [ -x tests/e2e/run.sh ]; then
-  step "end to end under Wine"
+  step "end to end under Wine, with the release folder unpacked from its x86_64 zip"
   bash tests/e2e/run.sh
 fi
 

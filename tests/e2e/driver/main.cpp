@@ -35,6 +35,8 @@ constexpr e2e::Scenario scenarios[] = {
     {"options-skins", e2e::OptionsSkinFiles},
     {"options-colours", e2e::OptionsColours},
     {"options-cancel", e2e::OptionsCancelKeepsAll},
+    {"release-folder", e2e::ReleaseFolder},
+    {"manual-shots", e2e::ManualPictures},
 };
 
 } // namespace

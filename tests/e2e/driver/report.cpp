@@ -75,6 +75,10 @@ void Abort(const std::string& what, const std::string& detail) {
     ExitProcess(2);
 }
 
+const std::string& ShotFolder() {
+    return shotFolder;
+}
+
 int FailedChecks() {
     return failed;
 }

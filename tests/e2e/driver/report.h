@@ -18,6 +18,9 @@ bool Check(bool ok, const std::string& what, const std::string& detail = "");
 // Saves a screenshot of the whole screen as <name>.bmp in the scenario's folder.
 void Screenshot(const std::string& name);
 
+// The scenario's folder for screenshots, for pictures that a scenario names itself.
+const std::string& ShotFolder();
+
 // The number of checks that have failed so far.
 int FailedChecks();
 

@@ -58,4 +58,11 @@ void OptionsSkinFiles();
 void OptionsColours();
 void OptionsCancelKeepsAll();
 
+// The folder unpacked from the release zip: its files, the manual from the Help menu, a move,
+// the exit, the settings file beside the program, and the example skin.
+void ReleaseFolder();
+
+// The pictures of the user manual.
+void ManualPictures();
+
 } // namespace e2e

@@ -30,6 +30,7 @@ constexpr e2e::Scenario scenarios[] = {
     {"set-position-refusals", e2e::SetPositionRefusals},
     {"set-position-save", e2e::SetPositionSave},
     {"set-position-hidden-list", e2e::SetPositionWithHiddenList},
+    {"analyse-step-back", e2e::AnalyseStepBackAndPlayOn},
     {"options-display", e2e::OptionsDisplay},
     {"options-restart", e2e::OptionsRestart},
     {"options-skins", e2e::OptionsSkinFiles},

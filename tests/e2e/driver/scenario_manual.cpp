@@ -19,21 +19,35 @@ enum ManualCommand : int {
     CommandGameLoad = 32773,
     CommandPositionLoad = 32779,
     CommandOptions = 32771,
+    CommandPositionSet = 32781,
+    CommandGameSave = 32772,
+    CommandPositionSave = 32780,
 };
 
-// A dialog of the program that the manual pictures once the program has it: its command, its
-// dialog resource, its title and the picture's name.
+// Controls of the dialogs pictured here.
+enum DialogControl : int { SaveNameEdit = 1017, LoadList = 1012 };
+
+// Rows of the palette that the moves list becomes in set-up, and their height at full scale.
+enum PaletteRow : int {
+    PaletteKing = 5,
+    PaletteQueen = 4,
+    PaletteRook = 3,
+    PalettePawn = 0,
+    PaletteWhiteMove = 7
+};
+constexpr int ListRowHeight = 25;
+
+// A dialog of the menu that the manual pictures: its command, its title and the picture's name.
 struct DialogPicture {
     int command;
-    int resource;
     const char* title;
     const char* picture;
 };
 
-constexpr DialogPicture LaterDialogs[] = {
-    {CommandGameLoad, 145, "Load game", "load-game"},
-    {CommandPositionLoad, 145, "Load position", "load-position"},
-    {CommandOptions, 132, "Options", "options"},
+constexpr DialogPicture MenuDialogs[] = {
+    {CommandGameLoad, "Load game", "load-game"},
+    {CommandPositionLoad, "Load position", "load-position"},
+    {CommandOptions, "Options", "options"},
 };
 
 // A dialog needs a moment after it appears before all its controls are painted.
@@ -68,23 +82,51 @@ void SavePicture(HWND window, const char* picture) {
           std::to_string(image.width) + " by " + std::to_string(image.height));
 }
 
-// Opens a dialog by its menu command, pictures it, and closes it with Cancel (Esc).
+// Opens a dialog by its menu command, pictures it, and closes it with Cancel (Esc). The first
+// file of a Load dialog is selected first, so that its preview shows.
 void PictureOfDialog(Program& program, int command, const char* title, const char* picture) {
     program.Command(command);
     HWND dialog = program.WaitForDialog(title);
+    if (HWND list = GetDlgItem(dialog, LoadList)) {
+        DWORD_PTR result = 0;
+        SendMessageTimeoutA(list, LB_SETCURSEL, 0, 0, SMTO_NORMAL, 2000, &result);
+        SendMessageTimeoutA(dialog, WM_COMMAND, MAKEWPARAM(LoadList, LBN_SELCHANGE),
+                            reinterpret_cast<LPARAM>(list), SMTO_NORMAL, 2000, &result);
+    }
     Sleep(PaintPause);
     SavePicture(dialog, picture);
     program.PressButton(dialog, IDCANCEL, ClosesDialog);
 }
 
-// True when the exe holds the dialog resource.
-bool ProgramHasDialog(int resource) {
-    HMODULE module = LoadLibraryExA(".\\velok3.exe", nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    if (!module) return false;
-    bool found =
-        FindResourceA(module, MAKEINTRESOURCEA(resource), MAKEINTRESOURCEA(5) /* RT_DIALOG */) != nullptr;
-    FreeLibrary(module);
-    return found;
+// Saves by a menu command under `name`, answering the name dialog and the message after it.
+void SaveUnderName(Program& program, int command, const char* title, const char* name, const char* saved) {
+    program.Command(command);
+    HWND dialog = program.WaitForDialog(title);
+    program.SetText(dialog, SaveNameEdit, name);
+    program.PressButton(dialog, IDOK, ClosesDialog);
+    program.ExpectMessage(saved, IDOK);
+}
+
+// Clicks a row of the moves list, as a user would.
+void ClickListRow(Program& program, int row) {
+    const HWND list = GetDlgItem(program.Window(), MovesListId);
+    const LPARAM at = MAKELPARAM(30, row * ListRowHeight + ListRowHeight / 2);
+    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageA(list, WM_LBUTTONUP, 0, at);
+    Sleep(PaintPause);
+}
+
+// Places pieces in set-up: each entry is a palette row, then the squares it goes on, the play
+// button for White and the other for Black.
+void PlacePieces(Program& program, const BoardView& view, int paletteRow,
+                 const std::vector<const char*>& white, const std::vector<const char*>& black) {
+    ClickListRow(program, paletteRow);
+    for (const char* square : white)
+        ClickSquare(program, view, square);
+    for (const char* square : black) {
+        POINT centre = SquareCentre(view, square);
+        program.Click(centre.x, centre.y, WM_RBUTTONUP);
+    }
 }
 
 // Starts a game of two people, answering No when the program offers to save the last one.
@@ -111,8 +153,7 @@ void PlayMoves(Program& program, const BoardView& view, const std::vector<const 
 
 } // namespace
 
-// A further dialog goes into LaterDialogs, and is pictured as soon as the program has it; a mode
-// of the main window, such as setting up a position, is its command followed by
+// A further dialog goes into MenuDialogs; a mode of the main window is its command followed by
 // SavePicture(program.Window(), ...). The manual's page then shows it by <img src="images/NAME.png">.
 void ManualPictures() {
     ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
@@ -126,12 +167,6 @@ void ManualPictures() {
     Check(idle, "the start position is on the board before the first picture");
     SavePicture(program.Window(), "main-window");
     PictureOfDialog(program, CommandAbout, "About", "about");
-    for (const DialogPicture& later : LaterDialogs) {
-        if (ProgramHasDialog(later.resource))
-            PictureOfDialog(program, later.command, later.title, later.picture);
-        else
-            std::printf("note: no picture %s, this build has no dialog %d\n", later.picture, later.resource);
-    }
 
     // The New game dialog as a user fills it in to play the computer.
     NewGame computerGame;
@@ -147,7 +182,14 @@ void ManualPictures() {
     Sleep(PaintPause);
     SavePicture(program.Window(), "game-in-progress");
 
-    StartGameOfTwo(program, AsksToSave);
+    // The game and its position saved, so that the Load dialogs have a file to preview.
+    SaveUnderName(program, CommandGameSave, "Save game", "Anna - Ben", "Game saved");
+    // The name dialog's title follows the game, not the command: a played game says "Save game".
+    SaveUnderName(program, CommandPositionSave, "Save game", "Anna - Ben", "Position saved");
+    for (const DialogPicture& dialog : MenuDialogs)
+        PictureOfDialog(program, dialog.command, dialog.title, dialog.picture);
+
+    StartGameOfTwo(program, AsksNothing);
     PlayMoves(program, view, {"a2a4", "b7b5", "a4b5", "a7a6", "b5a6", "c8b7", "a6b7", "g8f6"});
     ClickSquare(program, view, "b7");
     ClickSquare(program, view, "a8");
@@ -156,7 +198,24 @@ void ManualPictures() {
     SavePicture(promotion, "promotion");
     program.PressButton(promotion, 5, ClosesDialog);
     Check(program.WaitForRows(10, ShortWait), "the promotion is played after its picture");
-    Check(program.Close(AsksToSave) == 0, "the program exits with 0 after the pictures");
+
+    // Set-up with a few pieces placed, then the analysis that follows, stepped back one row.
+    program.Command(CommandPositionSet);
+    program.ExpectMessage("Save current game?", IDNO);
+    Check(program.WaitForRows(9, ShortWait), "set-up shows its palette");
+    PlacePieces(program, view, PaletteKing, {"g1"}, {"g8"});
+    PlacePieces(program, view, PaletteRook, {"d1"}, {"e8"});
+    PlacePieces(program, view, PalettePawn, {"f2", "g2", "h2", "e5"}, {"f7", "g7", "h7", "d5"});
+    ClickListRow(program, PalettePawn);
+    SavePicture(program.Window(), "set-position");
+    ClickListRow(program, PaletteWhiteMove);
+    Check(program.WaitForRows(1, ShortWait), "the set-up is taken for analysis");
+    PlayMoves(program, view, {"e5e6", "f7e6", "d1d5"});
+    ClickListRow(program, 2);
+    SavePicture(program.Window(), "analyse");
+    program.Command(CommandExit);
+    program.ExpectMessage("Save begin position?", IDNO);
+    Check(program.WaitForExit(ShortWait * 2) == 0, "the program exits with 0 after the pictures");
 }
 
 } // namespace e2e

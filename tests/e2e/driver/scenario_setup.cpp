@@ -424,4 +424,59 @@ void SetPositionWithHiddenList() {
     Check(program.Close(AsksToSave) == 0, "the game goes on, unsaved, and the program ends with 0");
 }
 
+void AnalyseStepBackAndPlayOn() {
+    ProgramSkin skin = LoadProgramSkin(".\\velok3.exe");
+    BoardView view{&skin.full, 64, false};
+    Program program;
+    program.Start();
+    SetupHand hand(program, view);
+    EnterSetUp(program, hand);
+    hand.Put("Ke1 ke8 Rh1 pd7 Pe2");
+    hand.Choose(RowBlackMove);
+    Check(WaitForListRows(program, {" 0."}), "the set-up is taken with Black to move",
+          JoinRows(program.Rows()));
+
+    // Row 0 belongs to Black here: White's pawn does not move.
+    ClickSquare(program, view, "e2");
+    ClickSquare(program, view, "e4");
+    Sleep(300);
+    Check(program.Rows().size() == 1 && hand.Shows("4k3/3p4/8/8/8/8/4P3/4K2R"),
+          "at the first row a white piece cannot move", hand.lastDifference);
+    PlayMove(program, view, "d7d5", 2);
+    PlayMove(program, view, "e2e4", 3);
+    PlayMove(program, view, "d5e4", 4);
+    const std::vector<std::string> played = program.Rows();
+
+    // Stepping back shows the row's position and keeps the later rows until a move is made.
+    hand.Choose(1);
+    Check(hand.Shows("4k3/8/8/3p4/8/8/4P3/4K2R"), "row 1 shows the position after Black's first move",
+          hand.lastDifference);
+    Check(program.Rows() == played, "stepping back keeps every row", JoinRows(program.Rows()));
+    Screenshot("analysis stepped back to row 1");
+    hand.Choose(3);
+    Check(hand.Shows("4k3/8/8/8/4p3/8/8/4K2R"), "the last row brings the capture back", hand.lastDifference);
+    hand.Choose(0);
+    Check(hand.Shows("4k3/3p4/8/8/8/8/4P3/4K2R"), "row 0 shows the begin position", hand.lastDifference);
+
+    // A move from an earlier row ends the game there: the rows behind it go.
+    hand.Choose(1);
+    Check(hand.Shows("4k3/8/8/3p4/8/8/4P3/4K2R"), "row 1 again", hand.lastDifference);
+    PlayMove(program, view, "e2e3", 3);
+    const std::vector<std::string> rows = program.Rows();
+    Check(rows.size() == 3 && rows[2].find("e2-e3") != std::string::npos,
+          "playing on from row 1 replaces the later rows", JoinRows(rows));
+    Check(hand.Shows("4k3/8/8/3p4/8/4P3/8/4K2R"), "the board follows the new move", hand.lastDifference);
+    Screenshot("analysis played on from row 1");
+
+    // Leaving keeps the set-up: its begin position is saved on request.
+    program.Command(CommandExit);
+    program.ExpectMessage("Save begin position?", IDYES);
+    SaveUnder(program, "Save position", "analysed", "Position saved");
+    Check(program.WaitForExit(ShortWait * 2) == 0, "the program ends with 0 after the save");
+    const std::string saved = ReadWholeFile("Save\\analysed.fen");
+    const std::string expected = "4k3/3p4/8/8/8/8/4P3/4K2R b - - 0 0\"";
+    Check(saved == expected, "Save\\analysed.fen holds the begin position with Black to move",
+          FirstDifference(expected, saved));
+}
+
 } // namespace e2e

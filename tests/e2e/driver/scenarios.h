@@ -49,6 +49,9 @@ void SetPositionByHand();
 void SetPositionRefusals();
 void SetPositionSave();
 void SetPositionWithHiddenList();
+// Analysis after a set-up: stepping back through the list, playing on from an earlier row, and
+// the begin position saved on leaving.
+void AnalyseStepBackAndPlayOn();
 
 // The Options dialog: display choices on the board, skin files, colours from a skin, Cancel, and
 // choices kept across a restart.

@@ -191,6 +191,26 @@ void StartGameWithOneMove(Program& program, const BoardView& view) {
     PlayMove(program, view, "e2e4", 2);
 }
 
+// Waits until the board shows the placement with the last move marked: only the squares it left
+// and reached differ from plain tiles, and both carry the mark.
+bool ShowsAfterMove(Program& program, const BoardView& view, const char* placement, const char* from,
+                    const char* to, char piece, std::string& difference) {
+    const Placement expected(placement);
+    const std::string marked[] = {std::string(from) + " " + to, std::string(to) + " " + from};
+    Image shown;
+    const bool seen = WaitForScreen(
+        program,
+        [&](const Image& now) {
+            const std::string differing = SquaresDiffering(now, view, expected);
+            return (differing == marked[0] || differing == marked[1]) &&
+                   ShowsTile(now, view, from, '.', ColumnLastMove) &&
+                   ShowsTile(now, view, to, piece, ColumnLastMove);
+        },
+        ShortWait, &shown);
+    difference = SquaresDiffering(shown, view, expected);
+    return seen;
+}
+
 } // namespace
 
 void SetPositionByHand() {
@@ -448,24 +468,28 @@ void AnalyseStepBackAndPlayOn() {
     const std::vector<std::string> played = program.Rows();
 
     // Stepping back shows the row's position and keeps the later rows until a move is made.
+    std::string difference;
     hand.Choose(1);
-    Check(hand.Shows("4k3/8/8/3p4/8/8/4P3/4K2R"), "row 1 shows the position after Black's first move",
-          hand.lastDifference);
+    Check(ShowsAfterMove(program, view, "4k3/8/8/3p4/8/8/4P3/4K2R", "d7", "d5", 'p', difference),
+          "row 1 shows the position after Black's first move, marked", difference);
     Check(program.Rows() == played, "stepping back keeps every row", JoinRows(program.Rows()));
     Screenshot("analysis stepped back to row 1");
     hand.Choose(3);
-    Check(hand.Shows("4k3/8/8/8/4p3/8/8/4K2R"), "the last row brings the capture back", hand.lastDifference);
+    Check(ShowsAfterMove(program, view, "4k3/8/8/8/4p3/8/8/4K2R", "d5", "e4", 'p', difference),
+          "the last row brings the capture back", difference);
     hand.Choose(0);
     Check(hand.Shows("4k3/3p4/8/8/8/8/4P3/4K2R"), "row 0 shows the begin position", hand.lastDifference);
 
     // A move from an earlier row ends the game there: the rows behind it go.
     hand.Choose(1);
-    Check(hand.Shows("4k3/8/8/3p4/8/8/4P3/4K2R"), "row 1 again", hand.lastDifference);
+    Check(ShowsAfterMove(program, view, "4k3/8/8/3p4/8/8/4P3/4K2R", "d7", "d5", 'p', difference),
+          "row 1 again", difference);
     PlayMove(program, view, "e2e3", 3);
     const std::vector<std::string> rows = program.Rows();
     Check(rows.size() == 3 && rows[2].find("e2-e3") != std::string::npos,
           "playing on from row 1 replaces the later rows", JoinRows(rows));
-    Check(hand.Shows("4k3/8/8/3p4/8/4P3/8/4K2R"), "the board follows the new move", hand.lastDifference);
+    Check(ShowsAfterMove(program, view, "4k3/8/8/3p4/8/4P3/8/4K2R", "e2", "e3", 'P', difference),
+          "the board follows the new move", difference);
     Screenshot("analysis played on from row 1");
 
     // Leaving keeps the set-up: its begin position is saved on request.

@@ -32,8 +32,8 @@ void SetUpBoard(GameState& state, const std::string& fen) {
     std::size_t fields = i + 2;
     if (fields + 1 >= fen.size()) return;
     const std::size_t castlingEnd = fen.find(' ', fields + 1);
-    const std::string castling = fen.substr(fields + 1, castlingEnd == std::string::npos ? std::string::npos
-                                                                                         : castlingEnd - fields - 1);
+    const std::string castling = fen.substr(
+        fields + 1, castlingEnd == std::string::npos ? std::string::npos : castlingEnd - fields - 1);
     auto played = [&state](Word piece, Word colour, int fromFile, int fromRow, int toFile, int toRow) {
         MoveRecord& r = state.history[state.plyCount++];
         r = MoveRecord{};
@@ -85,4 +85,17 @@ std::string SquareName(int file, int row) {
 
 std::string MoveName(const MoveListEntry& m) {
     return SquareName(m.fromFile, m.fromRow) + SquareName(m.toFile, m.toRow);
+}
+
+std::string BoardLetters(const BoardCell (&board)[8][8]) {
+    std::string letters;
+    for (int row = 7; row >= 0; --row)
+        for (int file = 0; file < 8; ++file) {
+            const BoardCell& cell = board[row][file];
+            letters +=
+                cell.piece == PieceNone
+                    ? '.'
+                    : static_cast<char>("?pnbrqk"[cell.piece] - (cell.colour == White ? 'a' - 'A' : 0));
+        }
+    return letters;
 }

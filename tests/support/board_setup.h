@@ -19,4 +19,7 @@ void SetUpBoard(GameState& state, const std::string& fen);
 bool PlayMove(GameState& state, const std::string& move, Word promotion = Queen);
 
 std::string SquareName(int file, int row);
+
+// Piece and colour of every cell, row 7 first, in the letters of a position file ("." for empty).
+std::string BoardLetters(const BoardCell (&board)[8][8]);
 std::string MoveName(const MoveListEntry& move);

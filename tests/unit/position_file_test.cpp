@@ -25,18 +25,6 @@ std::string Status(const std::string& line) {
     return Str(Parse(line).previewStatus);
 }
 
-// Piece and colour of every occupied cell, row 7 first, in the letters of a position file.
-std::string Placement(const BoardCell (&board)[8][8]) {
-    std::string s;
-    for (int row = 7; row >= 0; --row)
-        for (int file = 0; file < 8; ++file) {
-            const BoardCell& c = board[row][file];
-            s += c.piece == PieceNone ? '.'
-                                      : static_cast<char>("?pnbrqk"[c.piece] - (c.colour == White ? 32 : 0));
-        }
-    return s;
-}
-
 TEST(PositionLine, StartPositionAndAnOpening) {
     GameState& g = Scratch();
     ASSERT_TRUE(PlayLine(g, ""));
@@ -54,10 +42,10 @@ TEST(PositionFile, ReadsBackWhatWasWritten) {
     for (std::uint32_t seed = 1; seed <= 40; ++seed) {
         PlayRandomGame(g, seed, static_cast<int>(seed * 7 % 150));
         const GameState& r = Parse(Str(PositionLine(g.board, g.sideToMove)));
-        ASSERT_EQ(Placement(r.board), Placement(g.board)) << seed;
+        ASSERT_EQ(BoardLetters(r.board), BoardLetters(g.board)) << seed;
         EXPECT_EQ(r.sideToMove, g.sideToMove);
         EXPECT_EQ(r.setupFirstMover, g.sideToMove);
-        EXPECT_EQ(Placement(r.startBoard), Placement(g.board));
+        EXPECT_EQ(BoardLetters(r.startBoard), BoardLetters(g.board));
         EXPECT_EQ(r.plyCount, 0);
     }
 }
@@ -90,7 +78,7 @@ TEST(PositionFile, AnEightTakesTheCharacterBehindIt) {
     EXPECT_EQ(Parse("4k3/8/8/8/8/4K3/8/8 w").board[2][4].piece, King);
     // Behind this "8" stands a queen, which goes with it; the rows below slide down by one.
     const GameState& g = Parse("4k3/8Q/8/8/8/8/R7/4K3 w");
-    EXPECT_EQ(Placement(g.board),
+    EXPECT_EQ(BoardLetters(g.board),
               std::string(4, '.') + "k" + std::string(51, '.') + "R" + std::string(7, '.'));
     EXPECT_EQ(Str(g.previewStatus), ErrorPositionText);
 }
@@ -98,16 +86,16 @@ TEST(PositionFile, AnEightTakesTheCharacterBehindIt) {
 TEST(PositionFile, PiecesOutsideTheBoardAreLeftOut) {
     const GameState& g = Parse("4k3/8/8/8/8/8/8/4K2R1Q w");
     EXPECT_EQ(g.board[0][7].piece, Rook);
-    EXPECT_EQ(Placement(g.board).find('Q'), std::string::npos);
+    EXPECT_EQ(BoardLetters(g.board).find('Q'), std::string::npos);
     EXPECT_EQ(Parse("4k3/8/8/8/8/8/8/R3K3/q7 w").board[0][0].piece, Rook);
-    EXPECT_EQ(Placement(previewGame.board).find('q'), std::string::npos);
+    EXPECT_EQ(BoardLetters(previewGame.board).find('q'), std::string::npos);
     EXPECT_EQ(Parse("4k3/8/8/8/8/8/8/R3K3/q7 w").previewStatus.Length(), 0);
     EXPECT_EQ(Parse("4k3/8/8/8/8/8/8/R3K209Q w").board[0][7].piece, Queen);
 }
 
 TEST(PositionFile, AnFenTagReadsAsAFinishedGame) {
     const GameState& g = Parse("[FEN \"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1\"]");
-    EXPECT_EQ(Placement(g.board), "N" + std::string(63, '.'));
+    EXPECT_EQ(BoardLetters(g.board), "N" + std::string(63, '.'));
     EXPECT_EQ(g.sideToMove, Black);
     EXPECT_EQ(Str(g.previewStatus), GameOverText);
 }

@@ -13,6 +13,7 @@
 #include "records/material.h"
 #include "records/position_file.h"
 #include "records/set_position.h"
+#include "support/board_setup.h"
 #include "support/click_play.h"
 #include "support/record_games.h"
 
@@ -27,18 +28,6 @@ const Strings paletteRows{" Pawn", " Knight",      " Bishop",     " Rook",      
 Word PaletteRowOf(char letter) {
     const std::string letters = "pnbrqk";
     return static_cast<Word>(letters.find(static_cast<char>(std::tolower(letter))));
-}
-
-// Piece and colour of every cell, row 7 first, in the letters of a position file.
-std::string Cells(const BoardCell (&board)[8][8]) {
-    std::string s;
-    for (int row = 7; row >= 0; --row)
-        for (int file = 0; file < 8; ++file) {
-            const BoardCell& c = board[row][file];
-            s += c.piece == PieceNone ? '.'
-                                      : static_cast<char>("?pnbrqk"[c.piece] - (c.colour == White ? 32 : 0));
-        }
-    return s;
 }
 
 class SetPosition : public ::testing::Test {
@@ -91,11 +80,11 @@ TEST_F(SetPosition, HiddenListOnlyTellsTheUserAndKeepsTheGame) {
     ASSERT_TRUE(PlayLine(g, "e2e4 e7e5"));
     g.gameActive = g.gameDirty = 1;
     ShowMovesList(g, 2);
-    const std::string before = Cells(g.board);
+    const std::string before = BoardLetters(g.board);
     EnterSetPosition(g, 0);
     EXPECT_EQ(Host().messages, Strings{MovesListNeededText});
     EXPECT_TRUE(Host().questions.empty());
-    EXPECT_EQ(Cells(g.board), before);
+    EXPECT_EQ(BoardLetters(g.board), before);
     EXPECT_EQ(g.plyCount, 2);
     EXPECT_EQ(g.setupMode, 0);
     EXPECT_EQ(g.gameDirty, 1);
@@ -114,7 +103,7 @@ TEST_F(SetPosition, RunningGameIsOfferedForSavingThenTheBoardIsEmptied) {
 
     EXPECT_EQ(Host().questions, Strings{SaveGameQuestion});
     EXPECT_TRUE(Host().messages.empty());
-    EXPECT_EQ(Cells(g.board), std::string(64, '.'));
+    EXPECT_EQ(BoardLetters(g.board), std::string(64, '.'));
     EXPECT_EQ(Host().lists[movesListWindow].rows, paletteRows);
     EXPECT_EQ(Host().lists[movesListWindow].selection, -1);
     EXPECT_EQ(g.setupMode, 1);
@@ -167,12 +156,12 @@ TEST_F(SetPosition, PiecesAboveTheStartingSetArePaidForByMissingPawns) {
     for (const Placing& placing : placings) {
         Enter();
         ASSERT_TRUE(Place(placing.before)) << placing.before;
-        const std::string before = Cells(g.board);
+        const std::string before = BoardLetters(g.board);
         const int repaints = Host().windowRepaints;
         EXPECT_EQ(Click(placing.token), placing.allowed) << placing.before << "+ " << placing.token;
         if (!placing.allowed) {
             // A refusal is silent and leaves everything as it was.
-            EXPECT_EQ(Cells(g.board), before) << placing.token;
+            EXPECT_EQ(BoardLetters(g.board), before) << placing.token;
             EXPECT_EQ(Host().windowRepaints, repaints) << placing.token;
             EXPECT_TRUE(Host().messages.empty());
         }
@@ -219,7 +208,7 @@ TEST_F(SetPosition, RandomPlacingStaysWithinWhatPromotionsCanGive) {
             const bool reachable = n[King] <= 1 && n[Pawn] + ExtraPieces(pieces, bishops, colour) <= 8 &&
                                    !(paletteRow == SetupPawnRow && (row == 0 || row == 7));
             const bool placed = now.piece == paletteRow + 1 && now.colour == colour;
-            ASSERT_EQ(placed, reachable) << Cells(wished) << " round " << round << " click " << click;
+            ASSERT_EQ(placed, reachable) << BoardLetters(wished) << " round " << round << " click " << click;
             if (!placed) {
                 ASSERT_EQ(now.piece, old.piece);
             }
@@ -260,10 +249,10 @@ TEST_F(SetPosition, EachRefusalTellsWhyAndKeepsEditing) {
         ASSERT_TRUE(Place(refusal.pieces)) << refusal.pieces;
         Choose(refusal.row);
         Host().messages.clear();
-        const std::string before = Cells(g.board);
+        const std::string before = BoardLetters(g.board);
         EXPECT_EQ(LeaveSetPosition(g, refusal.row), 0) << refusal.pieces;
         EXPECT_EQ(Host().messages, Strings{refusal.message}) << refusal.pieces << " row " << refusal.row;
-        EXPECT_EQ(Cells(g.board), before);
+        EXPECT_EQ(BoardLetters(g.board), before);
         EXPECT_EQ(g.setupMode, 1);
         EXPECT_EQ(g.setupStart, 0);
         EXPECT_EQ(g.gameDirty, 0);
@@ -310,7 +299,7 @@ TEST_F(SetPosition, AcceptedPositionStartsAnAnalysisForTwoPeople) {
         EXPECT_STREQ(g.sides[colour].name, "");
         EXPECT_EQ(g.sides[colour].clockSeconds, 0);
     }
-    EXPECT_EQ(Cells(g.startBoard), Cells(g.board));
+    EXPECT_EQ(BoardLetters(g.startBoard), BoardLetters(g.board));
     EXPECT_EQ(std::memcmp(g.startBoard, g.board, sizeof g.board), 0);
     EXPECT_GT(Host().windowRepaints, repaints);
 
@@ -321,7 +310,7 @@ TEST_F(SetPosition, AcceptedPositionStartsAnAnalysisForTwoPeople) {
     ASSERT_TRUE(ClickMove(g, "a1a4"));
     EXPECT_EQ(ClickListRows().size(), 3u);
     EXPECT_EQ(g.gameDirty, 1);
-    EXPECT_EQ(Cells(g.startBoard)[8 * 3 + 3], 'p');
+    EXPECT_EQ(BoardLetters(g.startBoard)[8 * 3 + 3], 'p');
 }
 
 } // namespace

@@ -35,7 +35,6 @@ enum PaletteRow : int {
     PalettePawn = 0,
     PaletteWhiteMove = 7
 };
-constexpr int ListRowHeight = 25;
 
 // A dialog of the menu that the manual pictures: its command, its title and the picture's name.
 struct DialogPicture {
@@ -107,12 +106,9 @@ void SaveUnderName(Program& program, int command, const char* title, const char*
     program.ExpectMessage(saved, IDOK);
 }
 
-// Clicks a row of the moves list, as a user would.
-void ClickListRow(Program& program, int row) {
-    const HWND list = GetDlgItem(program.Window(), MovesListId);
-    const LPARAM at = MAKELPARAM(30, row * ListRowHeight + ListRowHeight / 2);
-    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    PostMessageA(list, WM_LBUTTONUP, 0, at);
+// Clicks a row of the moves list and gives the program a moment to paint its answer.
+void ChooseListRow(Program& program, int row) {
+    ClickListRow(program, row);
     Sleep(PaintPause);
 }
 
@@ -120,7 +116,7 @@ void ClickListRow(Program& program, int row) {
 // button for White and the other for Black.
 void PlacePieces(Program& program, const BoardView& view, int paletteRow,
                  const std::vector<const char*>& white, const std::vector<const char*>& black) {
-    ClickListRow(program, paletteRow);
+    ChooseListRow(program, paletteRow);
     for (const char* square : white)
         ClickSquare(program, view, square);
     for (const char* square : black) {
@@ -206,12 +202,12 @@ void ManualPictures() {
     PlacePieces(program, view, PaletteKing, {"g1"}, {"g8"});
     PlacePieces(program, view, PaletteRook, {"d1"}, {"e8"});
     PlacePieces(program, view, PalettePawn, {"f2", "g2", "h2", "e5"}, {"f7", "g7", "h7", "d5"});
-    ClickListRow(program, PalettePawn);
+    ChooseListRow(program, PalettePawn);
     SavePicture(program.Window(), "set-position");
-    ClickListRow(program, PaletteWhiteMove);
+    ChooseListRow(program, PaletteWhiteMove);
     Check(program.WaitForRows(1, ShortWait), "the set-up is taken for analysis");
     PlayMoves(program, view, {"e5e6", "f7e6", "d1d5"});
-    ClickListRow(program, 2);
+    ChooseListRow(program, 2);
     SavePicture(program.Window(), "analyse");
     program.Command(CommandExit);
     program.ExpectMessage("Save begin position?", IDNO);

@@ -15,20 +15,6 @@ namespace e2e {
 
 namespace {
 
-constexpr int ListRowHeight = 25;
-
-// The moves list of the program's main window.
-HWND MovesList(const Program& program) {
-    return GetDlgItem(program.Window(), MovesListId);
-}
-
-// The selected row of the moves list, or -1.
-int SelectedRow(const Program& program) {
-    DWORD_PTR row = static_cast<DWORD_PTR>(-1);
-    if (!SendMessageTimeoutA(MovesList(program), LB_GETCURSEL, 0, 0, SMTO_NORMAL, 1000, &row)) return -2;
-    return static_cast<int>(static_cast<LRESULT>(row));
-}
-
 // A key pressed while the main window has the focus.
 void PressKey(Program& program, WPARAM key) {
     PostMessageA(program.Window(), WM_KEYDOWN, key, 1);
@@ -42,13 +28,6 @@ bool StepTo(Program& program, WPARAM key, int row) {
         program.WaitUntil([&] { return SelectedRow(program) != before; }, ShortWait);
     }
     return SelectedRow(program) == row;
-}
-
-// A release of the left button on row `row` of the visible list, as a user's click on it.
-void ClickListRow(Program& program, int row) {
-    const LPARAM at = MAKELPARAM(20, row * ListRowHeight + ListRowHeight / 2);
-    PostMessageA(MovesList(program), WM_LBUTTONDOWN, MK_LBUTTON, at);
-    PostMessageA(MovesList(program), WM_LBUTTONUP, 0, at);
 }
 
 // The from and to squares of a list row such as " 2. Ng1-f3" or "   e7xd6", as "g1f3"; castling

@@ -29,7 +29,6 @@ enum PaletteRow : int {
 const std::vector<std::string> paletteRows{" Pawn", " Knight",      " Bishop",     " Rook",      " Queen",
                                            " King", " Clear field", " White move", " Black move"};
 
-constexpr int RowHeight = 25;
 constexpr int SaveNameId = 1017;
 constexpr const char* EmptyBoard = "8/8/8/8/8/8/8/8";
 
@@ -43,16 +42,6 @@ int InkPixels(const Image& image, const RECT& area) {
                            RGB(255, 255, 255), 40);
 }
 
-HWND MovesList(Program& program) {
-    return GetDlgItem(program.Window(), MovesListId);
-}
-
-int SelectedRow(Program& program) {
-    DWORD_PTR row = 0;
-    SendMessageTimeoutA(MovesList(program), LB_GETCURSEL, 0, 0, SMTO_NORMAL, 2000, &row);
-    return static_cast<int>(static_cast<LRESULT>(row));
-}
-
 // A user at the board in set-up: chooses palette rows with a click on the list and places pieces
 // with either button.
 class SetupHand {
@@ -61,9 +50,7 @@ class SetupHand {
 
     // Clicks a row of the moves list with the left button, as a user would.
     void Choose(int row) {
-        LPARAM point = MAKELPARAM(30, row * RowHeight + RowHeight / 2);
-        PostMessageA(MovesList(program), WM_LBUTTONDOWN, MK_LBUTTON, point);
-        PostMessageA(MovesList(program), WM_LBUTTONUP, 0, point);
+        ClickListRow(program, row);
         chosen = row;
     }
 

@@ -66,6 +66,23 @@ void PlayMove(Program& program, const BoardView& view, const char* move, int row
               "the moves list did not reach " + std::to_string(rows) + " rows: " + JoinRows(program.Rows()));
 }
 
+HWND MovesList(const Program& program) {
+    return GetDlgItem(program.Window(), MovesListId);
+}
+
+int SelectedRow(const Program& program) {
+    DWORD_PTR row = static_cast<DWORD_PTR>(-1);
+    if (!SendMessageTimeoutA(MovesList(program), LB_GETCURSEL, 0, 0, SMTO_NORMAL, 1000, &row)) return -2;
+    return static_cast<int>(static_cast<LRESULT>(row));
+}
+
+void ClickListRow(Program& program, int row) {
+    constexpr int RowHeight = 25;
+    const LPARAM at = MAKELPARAM(30, row * RowHeight + RowHeight / 2);
+    PostMessageA(MovesList(program), WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageA(MovesList(program), WM_LBUTTONUP, 0, at);
+}
+
 std::string GameMenuLook(Program& program) {
     return MenuLook(program, 'g', 4);
 }

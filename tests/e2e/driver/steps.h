@@ -46,6 +46,12 @@ void PlayMove(Program& program, const BoardView& view, const char* move, int row
 // Clicks a square with the play button.
 void ClickSquare(Program& program, const BoardView& view, const char* square);
 
+// The moves list of the main window, its selected row (-1 for none, -2 when it does not answer),
+// and a click on row `row` of its visible part (rows are 25 pixels high at full scale).
+HWND MovesList(const Program& program);
+int SelectedRow(const Program& program);
+void ClickListRow(Program& program, int row);
+
 // The look of the Game and Position menus, one letter per text row: "e" enabled, "G" greyed.
 std::string GameMenuLook(Program& program);
 std::string PositionMenuLook(Program& program);

@@ -109,33 +109,29 @@ bool AnyPlacementThrice(const Placement* trail, Word last) {
 }  // namespace
 
 Word GameState::CheckGameEnd(Word colour, Word showMessages) {
-    // Step 1.
+    // The legal moves of the side to move; having none ends the game at once.
     GenerateLegalMoves(legalMoves, colour);
-    // Step 2. Mate and stalemate come before every draw.
+    // Mate and stalemate come before every draw.
     if (moveCount == 0) {
         if (IsSquareAttacked(colour, kingFile, kingRow))
             return Report(GameCheckmate, colour == Black ? MessageWhiteMates : MessageBlackMates,
                           showMessages);
         return Report(GameStalemate, MessageStalemate, showMessages);
     }
-    // Step 3.
     if (IsMaterialInsufficient(board)) return Report(GameDrawn, MessageNoMaterial, showMessages);
-    // Step 4.
     if (IsThreefoldRepetition()) return Report(GameDrawn, MessageRepetition, showMessages);
-    // Step 5.
     if (IsFiftyMoveDraw(history, RecordsInForce())) return Report(GameDrawn, MessageFiftyMoves, showMessages);
     // The history has room for no more plies, so the longest game ends drawn.
     if (RecordsInForce() >= MaxGamePlies) return Report(GameDrawn, MessageLongestGame, showMessages);
-    // Step 6.
+    // Nothing ends the game.
     return GameGoesOn;
 }
 
 Word GameState::IsThreefoldRepetition() {
     // Only the records that led to the position on the board count.
     const Word plies = RecordsInForce();
-    // Step 1.
     if (plies < FewestPliesToRepeat) return 0;
-    // Steps 2 to 5. The trail is built on a placement of its own, so the board is never touched:
+    // The trail is built on a placement of its own, so the board is never touched:
     // entry i is the placement before history[i], entry `plies` the present one.
     Placement placement;
     for (Word row = 0; row < 8; ++row)
@@ -146,6 +142,6 @@ Word GameState::IsThreefoldRepetition() {
         TakeBackOnPlacement(placement, history[i]);
         positionTrail[i] = placement;
     }
-    // Step 6. Some entry equal to two earlier ones is the same as some placement standing thrice.
+    // Some entry equal to two earlier ones is the same as some placement standing thrice.
     return AnyPlacementThrice(positionTrail, plies) ? 1 : 0;
 }

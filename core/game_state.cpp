@@ -9,8 +9,8 @@ Placement positionTrail[HistoryCapacity + 1];
 ListHandle movesListWindow = nullptr;
 
 void GameState::ResetGameState(Word mode) {
-    // Step 1. Everything to zero, table by table (the two texts own buffers and are emptied
-    // as texts), so that no trace of an earlier game survives.
+    // Everything to zero, table by table (the two texts own buffers and are emptied as texts), so
+    // that no trace of an earlier game survives.
     std::memset(static_cast<void*>(board), 0, sizeof board);
     std::memset(static_cast<void*>(history), 0, sizeof history);
     std::memset(static_cast<void*>(sides), 0, sizeof sides);
@@ -45,11 +45,11 @@ void GameState::ResetGameState(Word mode) {
     previewStatus = Text();
     progressText = Text();
 
-    // Step 2.
+    // White moves first, and no move has been played.
     sideToMove = White;
     plyCount = 0;
 
-    // Step 3. The start position.
+    // The start position; any other reset leaves the board empty for the caller to fill.
     if (mode == ResetStartPosition) {
         static constexpr Word backRank[8] = {Rook, Knight, Bishop, Queen, King, Bishop, Knight, Rook};
         for (Word file = 0; file < 8; ++file) {
@@ -60,6 +60,6 @@ void GameState::ResetGameState(Word mode) {
         }
     }
 
-    // Step 4. The engine's base tables and the first moves.
+    // The engine's base tables and the first moves.
     FillBaseTables();
 }

@@ -116,7 +116,7 @@ class GameState {
     template <int Square>
     void GenerateSquareMoves(MoveListEntry* buffer, Word colour);
 
-    // ---- Fields, in the order of the design ----
+    // ---- Fields; ResetGameState clears every one, so a new field belongs there too ----
     BoardCell board[8][8];
     MoveRecord history[HistoryCapacity];
     SideRecord sides[2];

@@ -9,7 +9,7 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
     BoardCell& from = board[fromRow][fromFile];
     BoardCell& to = board[toRow][toFile];
 
-    // Step 1. The record.
+    // The record keeps everything TakeBackMove needs to undo the move.
     record->fromFile = fromFile;
     record->fromRow = fromRow;
     record->toFile = toFile;
@@ -23,7 +23,7 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
     record->extraToFile = -1;
 
     if (record->movedPiece == Pawn) {
-        // Step 2. Promotion.
+        // Promotion: a human may be asked through the dialog; otherwise the given piece is placed.
         if ((record->movedColour == White && toRow == 7) || (record->movedColour == Black && toRow == 0)) {
             if (sides[record->movedColour].kind != SideHuman)
                 record->placedPiece = promotionPiece;
@@ -32,7 +32,7 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
             else
                 record->placedPiece = promotionPiece;
         }
-        // Step 3. En passant: a diagonal pawn move onto an empty cell.
+        // En passant: a diagonal pawn move onto an empty cell.
         if (fromFile != toFile && record->capturedPiece == PieceNone) {
             // A diagonal pawn step crosses one row, so the victim stands on the origin's row:
             // toRow + 1 when the mover goes down the board, toRow - 1 when it goes up. Indexing by
@@ -45,7 +45,7 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
         }
     } else if (record->movedPiece == King && fromFile == 4 && (fromRow == 0 || fromRow == 7) &&
                (toFile == 6 || toFile == 2)) {
-        // Step 4. Castling is a king's move of two files from e1 or e8; the rook goes with it.
+        // Castling is a king's move of two files from e1 or e8; the rook goes with it.
         const Word rookFrom = toFile == 6 ? 7 : 0;
         const Word rookTo = toFile == 6 ? 5 : 3;
         const Word rookColour = fromRow == 0 ? White : Black;
@@ -60,7 +60,7 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
         record->extraColour = rookColour;
     }
 
-    // Step 5. The piece itself.
+    // The moving piece lands, as the promoted piece when it promotes.
     to.piece = record->placedPiece;
     to.colour = record->movedColour;
     from.piece = PieceNone;

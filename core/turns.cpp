@@ -5,24 +5,23 @@
 void GameState::PlayChosenMove(const ListHandle* listHandle) {
     // The history is full: the game has ended drawn, and no record is left to write into.
     if (plyCount >= MaxGamePlies) return;
-    // Steps 1 and 2.
+    // The move is where the two marks stand; without both there is nothing to play.
     Word fromFile = 0, fromRow = 0, toFile = 0, toRow = 0;
     if (!FindMarkedCell(MarkFrom, fromFile, fromRow)) return;
     if (!FindMarkedCell(MarkTo, toFile, toRow)) return;
-    // Step 3.
+    // The marks have served their purpose once the move is known.
     ClearMarks(MarkNone);
-    // Steps 4 and 5. A human promotes through the dialog; the queen is only for a computer side.
+    // A human promotes through the dialog; the queen is only for a computer side.
     MakeMove(&history[plyCount], fromFile, fromRow, toFile, toRow, AskPromotion, Queen);
     ++plyCount;
-    // Step 6.
     RebuildMovesList(listHandle);
-    // Step 7. A game from a set-up position was marked unsaved when the position was confirmed.
+    // A game from a set-up position was marked unsaved when the position was confirmed.
     if (setupStart == 0) gameDirty = 1;
-    // Steps 8 and 9.
+    // The other side's turn, shown at once.
     sideToMove = Opposite(sideToMove);
     HostRepaintWindow(false);
-    // Step 10. An ended game has shown its message and asks nobody to move.
+    // An ended game has shown its message and asks nobody to move.
     if (CheckGameEnd(sideToMove, ShowMessage) != GameGoesOn) return;
-    // Step 11.
+    // A computer side starts its think at the next tick.
     if (sides[sideToMove].kind == SideComputer) thinkPending = 1;
 }

@@ -39,19 +39,18 @@ Word EvaluatePhase(GameState& state) {
 
 // The thinker's node of the mating search; the root (isRoot 1) takes its moves in list order.
 Word GameState::MateThinkerNode(Word depth, Word isRoot, Word bound) {
-    // Step 1.
     MoveListEntry list[MoveBufferCapacity];
     GenerateLegalMoves(list, sideToMove);
     const Word n = moveCount;
 
-    // Step 2.
+    // Mated or stalemated, scored as in the main search.
     if (n == 0) return IsSquareAttacked(sideToMove, kingFile, kingRow) ? ThinkerMated : 0;
 
-    // Steps 3 and 4.
+    // The root goes through the root search, with its moves in list order.
     if (isRoot == 1) return SearchRoot(*this, list, nullptr, n, depth, RootMate);
     Word best = ThinkerMated;
 
-    // Steps 5 and 6.
+    // Captures first, then quiet moves of the light pieces, then the rest; stop at the bound.
     Word order[MoveBufferCapacity];
     OrderByPasses(*this, list, n, order);
     for (Word k = 0; k < n; ++k) {
@@ -69,15 +68,14 @@ Word GameState::MateThinkerNode(Word depth, Word isRoot, Word bound) {
 
 // The opponent's node of the mating search; at depth 0 its moves are scored by the evaluator.
 Word GameState::MateOpponentNode(Word depth, Word bound) {
-    // Step 1.
     MoveListEntry list[MoveBufferCapacity];
     GenerateLegalMoves(list, otherSide);
     const Word n = moveCount;
 
-    // Step 2.
+    // The lone king's side cannot move: a quicker mate scores better, a stalemate is level.
     if (n == 0) return IsSquareAttacked(otherSide, kingFile, kingRow) ? OpponentMatedBase - depth : 0;
 
-    // Steps 3 to 5.
+    // Above the horizon each move is answered by a thinker's node; at it, by the phase's evaluator.
     Word best = NodeStartLow;
     Word order[MoveBufferCapacity];
     OrderByPasses(*this, list, n, order);

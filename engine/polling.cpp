@@ -10,15 +10,15 @@ constexpr const char* BreakQuestion = "Break AI move. Are you sure?";
 // Called by the roots before each root move with the share of the pass done so far (0 to 99);
 // clears `thinking` when the user breaks the think off.
 void GameState::PollDuringThink(Word percent) {
-    // Step 1.
+    // The thinking time so far goes onto the thinker's clock.
     sides[sideToMove].clockSeconds =
         static_cast<Word>(thinkClockBase + (HostTickCount() - thinkStartTick) / 1000);
 
-    // Steps 2 and 3.
+    // That clock is shown, and timers and paints get through while the think runs.
     HostRepaintClock(sideToMove);
     HostPumpDuringThink();
 
-    // Step 4.
+    // The progress text and the share done go into the title when the user asked to see them.
     if (displaySettings.showAiProgress) {
         Text suffix(progressText);
         suffix.Append(" [");
@@ -27,6 +27,6 @@ void GameState::PollDuringThink(Word percent) {
         HostShowTitle(suffix.Chars());
     }
 
-    // Step 5.
+    // Escape asks whether to break off; only a yes stops the think.
     if (HostEscapeHeld() && HostAskYesNo(BreakQuestion, DefaultNo) == 1) thinking = 0;
 }

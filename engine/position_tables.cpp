@@ -64,17 +64,18 @@ void GameState::PreparePieceSquare() {
     auto& their = pieceSquare[opponent];
     const bool early = plyCount < LatePly;
 
-    // Step 1.
+    // All zero first: empty cells and the piece rows not written below must read nothing.
     std::memset(pieceSquare, 0, sizeof pieceSquare);
 
-    // Step 2.
+    // From LatePly on, pawns earn two more for every row they have come forward, and the king
+    // takes the knight's table in place of its own.
     for (Word r = 0; r < 8; ++r)
         for (Word f = 0; f < 8; ++f) {
             pawnWork[r][f] = early ? pawnBase[r][f] : pawnBase[r][f] + 2 * r;
             kingWork[r][f] = early ? kingBase[r][f] : knightBase[r][f];
         }
 
-    // Step 3. The opponent's pawn bonus is tested on the table as filled so far, cell by cell.
+    // The opponent's pawn bonus is tested on the table as filled so far, cell by cell.
     auto lateBonus = [this]() {
         return plyCount > LatePly && Evaluate() < LateBonusLimit ? LatePawnBonus : 0;
     };
@@ -105,7 +106,7 @@ void GameState::PreparePieceSquare() {
 
     const Word home = thinker == White ? 0 : 7;
     if (early) {
-        // Step 4. The pawns beside the king get no reward for moving.
+        // The pawns beside the king get no reward for moving.
         FindKing(thinker, kingFile, kingRow);
         if (kingFile < 3 || kingFile >= 6) {
             const Word first = kingFile < 3 ? 0 : 5;
@@ -114,7 +115,7 @@ void GameState::PreparePieceSquare() {
                     own[Pawn][r][f] = 0;
         }
 
-        // Step 5. Castling is worth a move only with the way clear and the pawn cover whole.
+        // Castling is worth a move only with the way clear and the pawn cover whole.
         if (IsPieceAt(*this, 4, home, King, thinker) && !HasLeft(*this, 4, home)) {
             auto bar = [&](Word from, Word to) {
                 for (Word f = from; f <= to; ++f)
@@ -131,7 +132,7 @@ void GameState::PreparePieceSquare() {
         }
     }
 
-    // Step 6. A bishop should not block an unmoved centre pawn; knights should leave home.
+    // A bishop should not block an unmoved centre pawn; knights should leave home.
     const Word pawnRow = thinker == White ? 1 : 6;
     const Word blockRow = thinker == White ? 2 : 5;
     for (Word f = 3; f <= 4; ++f)
@@ -139,7 +140,7 @@ void GameState::PreparePieceSquare() {
     for (Word f : {1, 6})
         if (!HasLeft(*this, f, home)) own[Knight][home][f] = 0;
 
-    // Step 7. From ply 50 on both kings are drawn towards the pawns.
+    // From ply 50 on both kings are drawn towards the pawns.
     if (!early) {
         Word map[8][8];
         for (Word r = 0; r < 8; ++r)
@@ -153,7 +154,8 @@ void GameState::PreparePieceSquare() {
             }
     }
 
-    // Step 8. Material.
+    // Material: the thinker's pieces count negative and the opponent's positive, as every score is
+    // seen from the opponent.
     for (Word piece = Pawn; piece <= Queen; ++piece)
         for (Word r = 0; r < 8; ++r)
             for (Word f = 0; f < 8; ++f) {

@@ -61,23 +61,23 @@ void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntr
 
 // The thinker's node: the lowest score of its moves, or any score at or below `bound`.
 Word GameState::SearchThinkerNode(Word depth, Word bound) {
-    // Step 1.
     MoveListEntry list[MoveBufferCapacity];
     GenerateLegalMoves(list, sideToMove);
     const Word n = moveCount;
 
-    // Step 2.
+    // No legal move: the thinker is mated, the worst score of all, or stalemated, a draw at 0.
     if (n == 0) return IsSquareAttacked(sideToMove, kingFile, kingRow) ? ThinkerMated : 0;
 
-    // Steps 3 and 4.
+    // Start from being mated and try the best-looking moves first.
     Word best = ThinkerMated;
     OrderEntry order[MoveBufferCapacity];
     PresortMoves(*this, list, n, order, 1);
 
-    // Step 5.
+    // At the top of the tree the root search takes the sorted moves over.
     if (depth == level) return SearchRoot(*this, list, order, n, depth, RootMain);
 
-    // Steps 6 and 7.
+    // Each move in that order; a score at or below the bound is one the opponent's node above will
+    // not take, so the other moves need no look.
     for (Word k = 0; k < n; ++k) {
         MoveRecord* record = MakeSearchMove(*this, list[order[k].index]);
         ++searchNodes;
@@ -93,18 +93,18 @@ Word GameState::SearchThinkerNode(Word depth, Word bound) {
 
 // The opponent's node: the highest score of its moves, or any score at or above `bound`.
 Word GameState::SearchOpponentNode(Word depth, Word bound) {
-    // Step 1.
     MoveListEntry list[MoveBufferCapacity];
     GenerateLegalMoves(list, otherSide);
     const Word n = moveCount;
 
-    // Step 2.
+    // No legal move: the opponent is mated, the nearer the root the better for the thinker,
+    // or stalemated.
     if (n == 0) return IsSquareAttacked(otherSide, kingFile, kingRow) ? OpponentMatedBase - depth : 0;
 
-    // Step 3.
+    // Below any score a move can get.
     Word best = NodeStartLow;
 
-    // Step 4.
+    // Above the last ply: sorted moves, each answered one ply shallower, cut at the bound.
     if (depth != 0) {
         OrderEntry order[MoveBufferCapacity];
         PresortMoves(*this, list, n, order, 0);
@@ -121,7 +121,7 @@ Word GameState::SearchOpponentNode(Word depth, Word bound) {
         return best;
     }
 
-    // Step 5. The last ply, in generated order.
+    // The last ply, in generated order.
     const ScoredPosition before = ScorePosition(*this);
     for (Word i = 0; i < n; ++i) {
         MoveRecord* record = MakeSearchMove(*this, list[i]);

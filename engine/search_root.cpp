@@ -49,10 +49,10 @@ Word SearchRoot(GameState& state, MoveListEntry* list, const OrderEntry* order, 
     Word best = ThinkerMated;
     Word bestIndex = 0;
 
-    // Step 1.
+    // No pass has chosen a move yet.
     state.earlierBestMove.fromFile = NoMoveByte;
     for (;;) {
-        // Step 2. One pass.
+        // One pass over the moves not yet turned away, with a poll before each; a break ends the search.
         for (Word k = 0; k < n; ++k) {
             const Word i = order ? order[k].index : k;
             if (list[i].fromFile == NoMoveByte) continue;
@@ -65,7 +65,8 @@ Word SearchRoot(GameState& state, MoveListEntry* list, const OrderEntry* order, 
             }
         }
 
-        // Steps 3 to 5.
+        // The pass's choice. When the thinker stands badly (at or above RepetitionLimit) a repetition
+        // suits it: the first pass keeps its choice, a later pass goes back to the first one's.
         state.bestMove = list[bestIndex];
         if (state.earlierBestMove.fromFile == NoMoveByte) {
             state.earlierBestMove = state.bestMove;
@@ -75,17 +76,17 @@ Word SearchRoot(GameState& state, MoveListEntry* list, const OrderEntry* order, 
         }
         if (best >= RepetitionLimit) return best;
 
-        // Steps 6 and 7.
+        // A choice that cannot lead to a threefold repetition is played.
         if (AllowsRepetition(state, state.bestMove) == 0) return best;
 
-        // Step 8.
+        // Otherwise it is struck from the list and the rest searched again, while any is left.
         list[bestIndex].fromFile = NoMoveByte;
         Word remaining = 0;
         for (Word i = 0; i < n; ++i)
             remaining += list[i].fromFile != NoMoveByte;
         if (remaining == 0) return best;
 
-        // Step 9.
+        // The next pass starts afresh and says so in the progress text.
         best = ThinkerMated;
         state.progressText = Text(AltSearchingText);
     }

@@ -27,7 +27,8 @@ Word BookedClock(const GameState& state) {
     return static_cast<Word>(state.thinkClockBase + (HostTickCount() - state.thinkStartTick) / 1000);
 }
 
-// Steps 18 to 20: the list, the turn and whether the next side thinks at the next tick.
+// After the move: the list, the unsaved mark, the turn, and whether the next side thinks at the
+// next tick.
 void HandOver(GameState& state) {
     state.RebuildMovesList(&movesListWindow);
     if (!state.setupStart) state.gameDirty = 1;
@@ -75,20 +76,21 @@ Word ChooseEnginePhase(const GameState& state) {
 // Searches the side to move's reply into bestMove (first byte 0xFF when there is none), leaving
 // board and plyCount as they were. Expects `thinking` set; clearing it breaks the search off.
 void GameState::ChooseComputerMove() {
-    // Step 4.
+    // No move chosen and no node counted yet.
     bestMove.fromFile = NoMoveByte;
     searchNodes = 0;
 
-    // Step 5.
+    // The opponent is the other colour; the thinker's clock runs on from its stored seconds.
     otherSide = Opposite(sideToMove);
     thinkClockBase = static_cast<std::uint32_t>(sides[sideToMove].clockSeconds);
     thinkStartTick = HostTickCount();
 
-    // Step 6.
+    // The tables for this position, and which search the material calls for.
     PreparePieceSquare();
     enginePhase = ChooseEnginePhase(*this);
 
-    // Step 7. The result is bestMove, not the score.
+    // The main search, or the mating search against a lone king; the result is bestMove, not the
+    // score.
     if (enginePhase == PhaseNormal)
         SearchThinkerNode(level, NodeStartLow);
     else
@@ -97,7 +99,7 @@ void GameState::ChooseComputerMove() {
 
 // One computer move, from the start of the think to the hand-over to the next side.
 void GameState::ThinkDriver() {
-    // Steps 1 and 2.
+    // The think begins; the first move of a game is drawn from the opening table without a search.
     thinking = 1;
     thinkPending = 0;
     if (plyCount == 0) {
@@ -105,24 +107,24 @@ void GameState::ThinkDriver() {
         return;
     }
 
-    // Step 3.
+    // A busy cursor and an empty progress text, shown before the search starts.
     HostSetBusy(true);
     progressText = Text();
     HostUpdateNow();
 
-    // Steps 4 to 7.
     ChooseComputerMove();
 
-    // Step 8.
+    // The time the think took goes onto the clock.
     sides[sideToMove].clockSeconds = BookedClock(*this);
 
-    // Step 9. The chosen move travels on as two cell marks.
+    // The chosen move travels on as two cell marks.
     if (static_cast<std::uint8_t>(bestMove.fromFile) < 255) {
         board[bestMove.fromRow][bestMove.fromFile].mark = MarkFrom;
         board[bestMove.toRow][bestMove.toFile].mark = MarkTo;
     }
 
-    // Steps 10 to 14.
+    // The marked move is shown, with a beep if asked while the game goes on; then the busy state
+    // ends, the title is cleared, queued commands are dropped and an inactive window flashes.
     HostUpdateNow();
     if (displaySettings.beepAfterMove && CheckGameEnd(sideToMove, NoMessage) == GameGoesOn) HostBeep();
     HostSetBusy(false);
@@ -130,18 +132,18 @@ void GameState::ThinkDriver() {
     HostDropQueuedCommands();
     HostFlashIfInactive();
 
-    // Step 15.
+    // The move is read back from the marks; with none marked nothing is played.
     Word fromFile = 0, fromRow = 0, toFile = 0, toRow = 0;
     if (!FindMarkedCell(MarkFrom, fromFile, fromRow) || !FindMarkedCell(MarkTo, toFile, toRow)) {
         thinking = 0;
         return;
     }
 
-    // Steps 16 and 17. A pawn on the last row becomes a queen without a dialog.
+    // A pawn on the last row becomes a queen without a dialog.
     ClearMarks(MarkNone);
     MakeMove(&history[plyCount], fromFile, fromRow, toFile, toRow, Silent, Queen);
 
-    // Steps 18 to 21.
+    // Recorded, then handed over; the think is over.
     ++plyCount;
     HandOver(*this);
     thinking = 0;

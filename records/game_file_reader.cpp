@@ -175,14 +175,14 @@ Word ReadClock(const Text& text, const char* marker) {
 } // namespace
 
 void GameState::ParseGame(const Text& text) {
-    // Steps 1 and 2. A game that did not begin at the start position cannot be replayed.
+    // A game that did not begin at the start position cannot be replayed.
     previewStatus = Text();
     if (text.FindEnd("[FEN") >= 0) {
         previewStatus = Text(NotBeginPositionText);
         return;
     }
 
-    // Steps 3 and 4. The moves stand behind the last "]".
+    // The moves stand behind the last "]".
     Word lastBracket = -1;
     for (Word at = text.Find(']', 0); at >= 0; at = text.Find(']', at + 1))
         lastBracket = at;
@@ -191,8 +191,8 @@ void GameState::ParseGame(const Text& text) {
     Text tokens[MaxTokens];
     CutTokens(moves, tokens);
 
-    // Steps 5 and 6. Replay up to the first token that is no playable move; the tokens that
-    // were not cut are empty and stop it there.
+    // Replay up to the first token that is no playable move; the tokens that were not cut are
+    // empty and stop it there.
     ResetGameState(ResetStartPosition);
     for (Word i = 0; i < MaxTokens; ++i) {
         sideToMove = i % 2;
@@ -202,7 +202,7 @@ void GameState::ParseGame(const Text& text) {
         if (!PlayToken(*this, token)) break;
     }
 
-    // Steps 7 and 8. Names, kinds, clocks and level.
+    // Names, kinds, clocks and level.
     ReadName(text, "[White \"", "Player 1", sides[White]);
     ReadName(text, "[Black \"", "Player 2", sides[Black]);
     sides[White].clockSeconds = ReadClock(text, "TIME WHITE SIDE = ");

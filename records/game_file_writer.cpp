@@ -118,27 +118,27 @@ Text MoveToken(const GameState& game, Word index, GameState& scratch) {
     const MoveRecord& record = game.history[index];
     Text token;
     const bool pawn = record.movedPiece == Pawn;
-    // Step 1. The leading letter; a capturing pawn is named by its file.
+    // The leading letter; a capturing pawn is named by its file.
     if (pawn) {
         if (record.capturedPiece != PieceNone || record.extraPiece != PieceNone)
             token.AppendChar(static_cast<char>('a' + record.fromFile));
     } else {
         token.Append(PieceLetter(record.movedPiece));
     }
-    // Step 2. Disambiguation, for the pieces that can have rivals.
+    // Disambiguation, for the pieces that can have rivals.
     if (record.movedPiece >= Knight && record.movedPiece <= Queen)
         AppendDisambiguation(token, scratch, record);
-    // Step 3. Capture; the rook of a castling is no capture.
+    // Capture; the rook of a castling is no capture.
     if (record.capturedPiece != PieceNone || (pawn && record.extraPiece != PieceNone)) token.AppendChar('x');
-    // Step 4. The to-square, then the move itself on the scratch game.
+    // The to-square, then the move itself on the scratch game.
     AppendSquare(token, record.toFile, record.toRow);
     ReplayRecord(game, index, scratch);
-    // Step 5. Mate or check of the side now to move.
+    // Mate or check of the side now to move.
     token.Append(CheckSign(scratch));
-    // Step 6. Castling replaces the whole token, sign included.
+    // Castling replaces the whole token, sign included.
     if (record.movedPiece == King && record.fromFile == 4 && record.toFile == 2) token = Text("O-O-O");
     if (record.movedPiece == King && record.fromFile == 4 && record.toFile == 6) token = Text("O-O");
-    // Step 7. Promotion, behind the sign in this dialect.
+    // Promotion, behind the sign in this dialect.
     if (record.placedPiece != record.movedPiece) {
         token.AppendChar('=');
         token.AppendChar(PromotionLetter(record.placedPiece));

@@ -29,7 +29,7 @@ Word GameEndForFile(GameState& state) {
 } // namespace
 
 void GameState::SaveGame() {
-    // Steps 1 to 3. Nothing new, a set-up game, or no moves.
+    // Nothing new, a set-up game, or no moves.
     if (!gameDirty) return;
     if (setupStart) {
         HostShowMessage(SetupGameRefusedText);
@@ -37,18 +37,18 @@ void GameState::SaveGame() {
     }
     if (plyCount == 0) return;
 
-    // Steps 4 to 7. The text, with the date and time read once for the file and its name.
+    // The text, with the date and time read once for the file and its name.
     const LocalTime now = HostLocalTime();
     Text file = GameFileHeader(*this, now, ResultText(GameEndForFile(*this), sideToMove));
     file.AppendText(GameFileMoves(*this, ListedMoveCount(*this)));
 
-    // Steps 8 and 9. The name.
+    // The name, which the user may change.
     char shortDate[127];
     HostShortDate(shortDate, sizeof shortDate);
     saveFileName = DefaultGameFileName(*this, shortDate, now);
     if (!HostAskSaveName(saveFileName, SaveDialogTitle(*this))) return;
 
-    // Steps 10 to 12. The file, and only when it is really there does the game count as saved.
+    // The file, and only when it is really there does the game count as saved.
     Text fileName(saveFileName);
     fileName.Append(".pgn");
     if (!HostWriteSaveFile(fileName.Chars(), file.Chars(), file.Length())) {

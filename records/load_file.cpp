@@ -57,11 +57,11 @@ LoadButtons LoadButtonStates(GameState& preview, Word rowCount, Word selectedRow
 }
 
 void LoadPreviewedGame(GameState& target, const GameState& preview, Word kind, const ListHandle* list) {
-    // Step 1. Everything, the texts as copies of their own.
+    // Everything, the texts as copies of their own.
     target = preview;
     target.loadDialogKind = kind;
 
-    // Step 2. A game file always begins with White; a position starts a game of two people.
+    // A game file always begins with White; a position starts a game of two people.
     if (kind == LoadGames) {
         target.sideToMove = target.plyCount % 2;
     } else {
@@ -70,7 +70,7 @@ void LoadPreviewedGame(GameState& target, const GameState& preview, Word kind, c
         target.sides[Black].kind = SideHuman;
     }
 
-    // Steps 3 to 5. A game in progress with nothing new to save, shown at its last position.
+    // A game in progress with nothing new to save, shown at its last position.
     target.gameActive = 1;
     target.gameDirty = 0;
     target.RebuildMovesList(list);

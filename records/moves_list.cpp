@@ -73,14 +73,14 @@ Text MovesListRow(const MoveRecord& record, Word index, const char* sign) {
 }
 
 void GameState::RebuildMovesList(const ListHandle* listHandle) {
-    // Step 1. Before the control exists there is nothing to fill.
+    // Before the control exists there is nothing to fill.
     if (listHandle == nullptr || *listHandle == nullptr) return;
     const ListHandle list = *listHandle;
-    // Step 2.
+    // The list starts again from its row for the position before any move.
     HostListReset(list);
     HostListAdd(list, FirstRow);
-    // Steps 3 and 4. The scratch game follows the history so that each row can tell check and
-    // mate; it lives on the stack only for this call.
+    // The scratch game follows the history so that each row can tell check and mate; it lives on
+    // the stack only for this call.
     GameState scratch;
     ReplayStart(*this, scratch);
     for (Word i = 0; i < plyCount; ++i) {
@@ -88,6 +88,6 @@ void GameState::RebuildMovesList(const ListHandle* listHandle) {
         const Text row = MovesListRow(history[i], i, CheckSign(scratch));
         HostListAdd(list, row.Chars());
     }
-    // Step 5.
+    // The last row, the position on the board, is selected.
     HostListSelect(list, plyCount);
 }

@@ -69,7 +69,7 @@ bool ImpossibleMaterial(const GameState& state) {
 } // namespace
 
 void GameState::ParsePosition(Text text) {
-    // Steps 1 to 3. An empty board to place the pieces on.
+    // An empty board to place the pieces on.
     previewStatus = Text();
     text.TrimLeadingBlanks();
     ResetGameState(ResetStartPosition);
@@ -77,13 +77,13 @@ void GameState::ParsePosition(Text text) {
         for (BoardCell& cell : cells)
             cell = BoardCell{};
 
-    // Steps 4 and 5. The board field, then the side behind the blank that ends it.
+    // The board field, then the side behind the blank that ends it.
     const Word blank = ScanBoardField(*this, text);
     const char side = blank >= 0 ? text.CharAt(blank + 1) : ' ';
     sideToMove = side == 'w' || side == 'W' ? White : Black;
     setupFirstMover = sideToMove;
 
-    // Steps 6 to 8. The test, two people, and the position as the start of a set-up game.
+    // The position is checked, given to two people, and kept as the start of a set-up game.
     ValidatePosition();
     sides[White].kind = SideHuman;
     sides[Black].kind = SideHuman;

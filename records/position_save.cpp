@@ -43,24 +43,24 @@ Text PositionLine(const BoardCell (&board)[8][8], Word colourToMove) {
 }
 
 void GameState::SavePosition() {
-    // Step 1. The board shows the position of the selected row, so that row says who moves.
+    // The board shows the position of the selected row, so that row says who moves.
     const Word row = ShownListRow(*this);
     const Word side = SideAtListIndex(row);
 
-    // Step 2. A finished position may be saved, but only on purpose.
+    // A finished position may be saved, but only on purpose.
     if (CheckGameEnd(side, NoMessage) != GameGoesOn && !HostAskYesNo(GameOverWarning, DefaultNo)) return;
 
-    // Steps 3 and 4. The name.
+    // The name, dated, for the user to confirm or change.
     char shortDate[127];
     HostShortDate(shortDate, sizeof shortDate);
     saveFileName = DefaultPositionFileName(shortDate, HostLocalTime());
     if (!HostAskSaveName(saveFileName, SaveDialogTitle(*this))) return;
 
-    // Steps 5 and 6. The line; a set-up game counts its rows from its first mover.
+    // The line; a set-up game counts its rows from its first mover.
     const Word parity = (row + (setupStart ? setupFirstMover : 0)) % 2;
     const Text line = PositionLine(board, parity == 0 ? White : Black);
 
-    // Step 7. The file; when it could not be written the user hears so and nothing counts as saved.
+    // The file; when it could not be written the user hears so and nothing counts as saved.
     Text fileName(saveFileName);
     fileName.Append(".fen");
     if (!HostWriteSaveFile(fileName.Chars(), line.Chars(), line.Length())) {
@@ -68,7 +68,7 @@ void GameState::SavePosition() {
         return;
     }
 
-    // Steps 8 and 9. Only the begin position of a set-up game is the game itself.
+    // Only the begin position of a set-up game is the game itself.
     if (setupStart && row == 0) gameDirty = 0;
     HostShowMessage(PositionSavedText);
 }

@@ -51,21 +51,21 @@ const char* PlayRefusal(GameState& state, Word firstMover) {
 } // namespace
 
 void EnterSetPosition(GameState& state, Word movesListShown) {
-    // Step 1. The palette lives in the list, so a hidden list leaves nothing to choose from.
+    // The palette lives in the list, so a hidden list leaves nothing to choose from.
     if (!movesListShown) {
         HostShowMessage(MovesListNeededText);
         return;
     }
-    // Steps 2 and 3.
+    // The game so far may be saved first; then the board is emptied.
     state.OfferToSave();
     state.ResetGameState(ResetEmpty);
-    // Step 4. No row is selected, so clicks on the board do nothing until one is chosen.
+    // No row is selected, so clicks on the board do nothing until one is chosen.
     if (movesListWindow != nullptr) {
         HostListReset(movesListWindow);
         for (const char* text : SetupRowTexts)
             HostListAdd(movesListWindow, text);
     }
-    // Steps 5 and 6.
+    // Set-up mode on an empty game, drawn at once.
     state.setupMode = 1;
     state.plyCount = 0;
     state.gameActive = 1;
@@ -120,9 +120,9 @@ void PlaceFromPalette(GameState& state, Word paletteRow, Word colour, Word file,
 }
 
 Word LeaveSetPosition(GameState& state, Word r) {
-    // Steps 1 to 5.
+    // The pieces first: both kings and something besides them.
     const char* refusal = MissingPieceRefusal(state.board);
-    // Steps 6 to 9. A refused try leaves its side in setupFirstMover; the next try sets it anew.
+    // A refused try leaves its side in setupFirstMover; the next try sets it anew.
     if (refusal == nullptr) {
         state.setupFirstMover = r - SetupWhiteMoveRow;
         refusal = PlayRefusal(state, state.setupFirstMover);
@@ -131,13 +131,13 @@ Word LeaveSetPosition(GameState& state, Word r) {
         HostShowMessage(refusal);
         return 0;
     }
-    // Steps 10 to 12. The list shows the single row " 0.", selected.
+    // The list shows the single row " 0.", selected.
     state.setupStart = 1;
     if (movesListWindow != nullptr) state.RebuildMovesList(&movesListWindow);
     state.setupMode = 0;
     state.sideToMove = state.setupFirstMover;
-    // Steps 13 to 16. Two people with no names and no clocks; the position is the game's start and
-    // counts as unsaved work.
+    // Two people with no names and no clocks; the position is the game's start and counts as
+    // unsaved work.
     state.sides[White] = SideRecord{};
     state.sides[Black] = SideRecord{};
     state.gameActive = 1;

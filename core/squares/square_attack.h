@@ -49,9 +49,8 @@ VELOK_INLINE bool KnightAttacks(const BoardCell (&board)[8][8], Word colour) {
 template <int Square>
 VELOK_ROUTINE Word GameState::SquareAttackTest(Word colour) const {
     using namespace squares;
-    // Step 1. Straight rays: up, down, right, left.
-    // Step 2. Diagonal rays.
-    // Step 3. Knight jumps, clockwise from the one nearest to straight up.
+    // Straight rays (up, down, right, left), then diagonal rays, then knight jumps clockwise from
+    // the one nearest to straight up.
     return RayAttacks<Square, 0, 1, 1>(board, colour) || RayAttacks<Square, 0, -1, 1>(board, colour) ||
            RayAttacks<Square, 1, 0, 1>(board, colour) || RayAttacks<Square, -1, 0, 1>(board, colour) ||
            RayAttacks<Square, 1, 1, 1>(board, colour) || RayAttacks<Square, 1, -1, 1>(board, colour) ||

@@ -5,11 +5,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 bash tools/setup.sh
-if [ ! -f resources/velok3.rc ]; then
-  echo "run: this tree has no Windows program yet; running the console demonstration instead"
-  cmake --preset release >/dev/null && cmake --build --preset release --target velok3-demo
-  exec ./build/release/velok3-demo "$@"
-fi
 cmake --preset win64 >/dev/null && cmake --build --preset win64 --target velok3
 source tests/e2e/wine_env.sh
 wine_env build/wine

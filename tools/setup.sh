@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libbenchmark-dev
   g++-mingw-w64-i686 g++-mingw-w64-x86-64 binutils-mingw-w64-i686 binutils-mingw-w64-x86-64
   wine64 xvfb xdotool imagemagick x11-apps
-  python3 python3-pil fonts-dejavu-core fp-utils zip unzip
+  python3 python3-pil fonts-dejavu-core fonts-wine fonts-texgyre fp-utils zip unzip
 )
 
 missing=()

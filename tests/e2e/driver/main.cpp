@@ -37,6 +37,7 @@ constexpr e2e::Scenario scenarios[] = {
     {"options-colours", e2e::OptionsColours},
     {"options-cancel", e2e::OptionsCancelKeepsAll},
     {"release-folder", e2e::ReleaseFolder},
+    {"fonts", e2e::FontsAsOnWindows},
     {"manual-shots", e2e::ManualPictures},
 };
 

@@ -65,6 +65,9 @@ void OptionsCancelKeepsAll();
 // the exit, the settings file beside the program, and the example skin.
 void ReleaseFolder();
 
+// The faces Windows has: the moves list's rows whole, the caption's symbols.
+void FontsAsOnWindows();
+
 // The pictures of the user manual.
 void ManualPictures();
 

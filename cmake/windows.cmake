@@ -32,6 +32,8 @@ endif()
 if(VELOK3_E2E_DRIVER_SOURCES)
   add_executable(velok3-e2e-driver ${VELOK3_E2E_DRIVER_SOURCES})
   target_link_libraries(velok3-e2e-driver PRIVATE user32 gdi32)
+  # The driver takes the program's control ids and board geometry from the product's headers.
+  target_include_directories(velok3-e2e-driver PRIVATE ${CMAKE_SOURCE_DIR})
   # GCC 12 at -O3 reports false overlaps inside std::string concatenation (its bug 105651); the
   # driver builds its messages that way.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

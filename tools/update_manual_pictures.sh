@@ -1,16 +1,15 @@
 #!/usr/bin/env bash
-# Takes the user manual's pictures anew from the running program (end-to-end scenario
-# manual-shots, under Wine) and copies them into docs/manual/images/. Commit the changed PNGs.
-# A new picture: picture it in tests/e2e/driver/scenario_manual.cpp under the name that the
-# manual's page uses in its <img src="images/NAME.png">; this script copies every picture.
+# Takes the user manual's pictures anew from the running program under Wine (the driver's command
+# "pictures", tests/e2e/driver/main.cpp) and copies them into docs/manual/images/. A new picture
+# is taken there under the name that the manual's page uses in its <img src="images/NAME.png">.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bash tests/e2e/run.sh manual-shots
-shots=build/e2e/shots/manual-shots
-# The scenario's own pictures have plain names; screenshots of failed checks are numbered.
+bash tests/e2e/run.sh pictures
+shots=build/e2e/shots/pictures
+# Pictures have plain names; screenshots of failed checks start with their number.
 pictures=("$shots"/[a-z]*.png)
 if [ ! -e "${pictures[0]}" ]; then
-  echo "manual pictures: the scenario left no pictures in $shots" >&2
+  echo "manual pictures: none were taken in $shots" >&2
   exit 1
 fi
 mkdir -p docs/manual/images

@@ -1,64 +1,117 @@
-// Entry of the end-to-end driver: velok3-e2e-driver.exe <scenario> <screenshot folder> runs one
-// scenario against velok3.exe of the current folder; "list" prints the scenario names.
+// velok3-e2e-driver.exe <scenario> <folder> runs one scenario against velok3.exe of the current
+// folder, leaving its screenshots in the folder; "list" names the scenarios; "pictures" <folder>
+// takes the user manual's pictures, named as the manual's pages show them.
 #include <cstdio>
 #include <cstring>
 
-#include "report.h"
-#include "scenarios.h"
+#include <cstdlib>
+
+#include "e2e.h"
+
+namespace e2e {
 
 namespace {
 
-constexpr e2e::Scenario scenarios[] = {
-    {"startup-100", e2e::StartUpAtFullScale},
-    {"startup-75", e2e::StartUpAtThreeQuarterScale},
-    {"second-start", e2e::SecondStart},
-    {"human-mate", e2e::HumanGameToMate},
-    {"human-promotion", e2e::HumanPromotion},
-    {"white-vs-easy", e2e::HumanWhiteAgainstEasy},
-    {"black-vs-normal", e2e::HumanBlackAgainstNormal},
-    {"computer-vs-computer", e2e::ComputerAgainstComputer},
-    {"settings-edited", e2e::HandEditedSettings},
-    {"white-on-top", e2e::WhiteOnTop},
-    {"step-back-vs-computer", e2e::StepBackAgainstComputer},
-    {"list-keys", e2e::ListKeys},
-    {"list-hidden-keys", e2e::ListHiddenKeys},
-    {"save-load-game", e2e::SaveAndLoadGame},
-    {"save-load-position", e2e::SaveAndLoadPosition},
-    {"load-refusals", e2e::LoadRefusals},
-    {"offer-to-save", e2e::OfferToSaveOnLeaving},
-    {"set-position", e2e::SetPositionByHand},
-    {"set-position-refusals", e2e::SetPositionRefusals},
-    {"set-position-save", e2e::SetPositionSave},
-    {"set-position-hidden-list", e2e::SetPositionWithHiddenList},
-    {"analyse-step-back", e2e::AnalyseStepBackAndPlayOn},
-    {"options-display", e2e::OptionsDisplay},
-    {"options-restart", e2e::OptionsRestart},
-    {"options-skins", e2e::OptionsSkinFiles},
-    {"options-colours", e2e::OptionsColours},
-    {"options-cancel", e2e::OptionsCancelKeepsAll},
-    {"release-folder", e2e::ReleaseFolder},
-    {"fonts", e2e::FontsAsOnWindows},
-    {"manual-shots", e2e::ManualPictures},
-};
+// Saves a window as the manual shows it, caption and all, after a moment for its last paint.
+void Picture(HWND window, const char* name) {
+    Sleep(PaintPause);
+    Check(SaveBmp(CaptureWindow(window, true), shotFolder + "\\" + name + ".bmp"),
+          std::string("picture ") + name);
+}
+
+// Opens a dialog by its menu command, pictures it with the first file previewed, and cancels it.
+void PictureDialog(Program& program, int command, const char* title, const char* name) {
+    program.Command(command);
+    HWND dialog = program.WaitForDialog(title);
+    if (GetDlgItem(dialog, IDC_LOAD_PREVIEW)) program.ChooseRow(dialog, IDC_LOAD_LIST, 0);
+    Picture(dialog, name);
+    program.Press(dialog, IDCANCEL);
+}
 
 } // namespace
 
+void ManualPictures() {
+    const Board board{LoadSkin(0, 64)};
+    Program program;
+    program.Start();
+    program.ExpectBoard(board, StartPlacement, "the start position before the first picture");
+    Picture(program.window, "main-window");
+    PictureDialog(program, IDM_ABOUT, "About", "about");
+    HWND dialog = program.NewGame(Human, Computer, Normal, false);
+    Picture(dialog, "new-game");
+    program.Press(dialog, IDCANCEL);
+
+    program.NewGame(Human, Human);
+    program.Play(board, "e2e4 e7e5 g1f3 b8c6 f1c4 g8f6 d2d3");
+    program.Click(board.Centre("f8"));
+    Picture(program.window, "game-in-progress");
+    program.Command(IDM_GAME_SAVE);
+    program.SaveAs("Save game", "Alice - Bob", "Game saved");
+    program.Command(IDM_POSITION_SAVE);
+    program.SaveAs("Save game", "Alice - Bob", "Position saved");
+    PictureDialog(program, IDM_GAME_LOAD, "Load game", "load-game");
+    PictureDialog(program, IDM_POSITION_LOAD, "Load position", "load-position");
+    PictureDialog(program, IDM_OPTIONS, "Options", "options");
+
+    program.NewGame(Human, Human);
+    program.Play(board, "a2a4 b7b5 a4b5 a7a6 b5a6 c8b7 a6b7 g8f6");
+    program.Click(board.Centre("b7"));
+    program.Click(board.Centre("a8"));
+    dialog = program.WaitForDialog("Select promote piece");
+    Picture(dialog, "promotion");
+    program.Press(dialog, IDC_PROMOTE_QUEEN);
+    program.WaitForRows(10);
+
+    program.Command(IDM_POSITION_SET);
+    program.Answer("Save current game?", IDNO);
+    const char* placing[][2] = {{"5", "g1 g8"}, {"3", "d1 e8"}, {"0", "f2 g2 h2 e5 f7 g7 h7 d5"}};
+    for (const auto& [row, squares] : placing) {
+        program.ClickRow(std::atoi(row));
+        // The first half of each list is White's, placed by the play button; the rest Black's.
+        const std::string list = squares;
+        for (size_t at = 0, count = (list.size() + 1) / 3; at < list.size(); at += 3)
+            program.Click(board.Centre(list.substr(at, 2)), at / 3 < count / 2 ? WM_LBUTTONUP : WM_RBUTTONUP);
+    }
+    program.ClickRow(0);
+    Picture(program.window, "set-position");
+    program.ClickRow(7);
+    program.WaitForRows(1);
+    program.Play(board, "e5e6 f7e6 d1d5");
+    program.ClickRow(2);
+    Picture(program.window, "analyse");
+    program.Command(IDM_EXIT);
+    program.Answer("Save begin position?", IDNO);
+    program.WaitForExit();
+}
+
+} // namespace e2e
+
 int main(int argc, char** argv) {
+    constexpr struct {
+        const char* name;
+        void (*run)();
+    } scenarios[] = {{"startup", e2e::StartUp},
+                     {"small-turned", e2e::SmallAndTurned},
+                     {"human-play", e2e::HumanPlay},
+                     {"against-computer", e2e::AgainstComputer},
+                     {"computer-vs-computer", e2e::ComputerAgainstComputer},
+                     {"files", e2e::GameAndPositionFiles},
+                     {"set-up-analyse", e2e::SetUpAndAnalyse},
+                     {"options-board", e2e::OptionsOnTheBoard},
+                     {"options-skins-colours", e2e::OptionsSkinsAndColours},
+                     {"release-folder", e2e::ReleaseFolder},
+                     {"pictures", e2e::ManualPictures}};
     if (argc == 2 && std::strcmp(argv[1], "list") == 0) {
         for (const auto& scenario : scenarios)
-            std::printf("%s\n", scenario.name);
+            if (scenario.run != e2e::ManualPictures) std::printf("%s\n", scenario.name);
         return 0;
     }
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <screenshot folder> | list\n");
-        return 2;
-    }
-    for (const auto& scenario : scenarios) {
-        if (std::strcmp(argv[1], scenario.name) != 0) continue;
-        e2e::StartReport(scenario.name, argv[2]);
-        scenario.run();
-        return e2e::FailedChecks() == 0 ? 0 : 1;
-    }
-    std::fprintf(stderr, "unknown scenario %s\n", argv[1]);
+    for (const auto& scenario : scenarios)
+        if (argc == 3 && std::strcmp(argv[1], scenario.name) == 0) {
+            e2e::shotFolder = argv[2];
+            scenario.run();
+            return e2e::failedChecks == 0 ? 0 : 1;
+        }
+    std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <folder> | list\n");
     return 2;
 }

@@ -1,318 +1,164 @@
-// Starting, driving and watching the program from another process: posted input, sends with a
-// time limit, dialogs found by class and title, list rows read as UTF-16 as Wine gives them.
-#include "program.h"
-
-#include "report.h"
-
+// The program under test driven from another process: started in a job that dies with the driver,
+// posted input, sends with a time limit, dialogs found by class and title, rows read as UTF-16.
 #include <algorithm>
-#include <cstdlib>
+#include <cstdio>
+#include <fstream>
+
+#include "e2e.h"
 
 namespace e2e {
+
+std::string shotFolder;
+int failedChecks = 0;
+
+bool Check(bool ok, const std::string& what, const std::string& detail) {
+    std::printf("%s %s%s\n", ok ? "PASS" : "FAIL", what.c_str(),
+                ok || detail.empty() ? "" : (": " + detail).c_str());
+    std::fflush(stdout);
+    if (!ok) Screenshot(std::to_string(++failedChecks) + " failed");
+    return ok;
+}
+
+void Abort(const std::string& what, const std::string& detail) {
+    Check(false, what, detail);
+    std::exit(1);
+}
+
+void Screenshot(const std::string& name) {
+    RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    SaveBmp(CaptureScreen(screen), shotFolder + "\\" + name + ".bmp");
+}
 
 namespace {
 
 constexpr int SendLimit = 5000;
-constexpr const char* DialogClass = "#32770";
-constexpr const char* WindowClass = "VELOK3";
-constexpr const char* MenuClass = "#32768";
 
-struct WindowSearch {
-    DWORD processId;
-    const char* className;
-    std::vector<HWND> found;
-};
-
-// Collects the visible top-level windows of one process with one class name.
-BOOL CALLBACK CollectWindow(HWND window, LPARAM parameter) {
-    auto* search = reinterpret_cast<WindowSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    char name[64] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (owner == search->processId && IsWindowVisible(window) && lstrcmpA(name, search->className) == 0)
-        search->found.push_back(window);
-    return TRUE;
-}
-
-std::vector<HWND> WindowsOf(DWORD processId, const char* className) {
-    WindowSearch search{processId, className, {}};
-    EnumWindows(CollectWindow, reinterpret_cast<LPARAM>(&search));
+std::vector<HWND> WindowsOf(HANDLE process, const char* className) {
+    struct Search {
+        DWORD processId;
+        const char* className;
+        std::vector<HWND> found;
+    } search{GetProcessId(process), className, {}};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto* search = reinterpret_cast<Search*>(parameter);
+            DWORD owner = 0;
+            char name[64] = "";
+            GetWindowThreadProcessId(window, &owner);
+            GetClassNameA(window, name, sizeof name);
+            if (owner == search->processId && IsWindowVisible(window) &&
+                lstrcmpA(name, search->className) == 0)
+                search->found.push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
-// Sends with a time limit and stops the scenario when the program does not answer: a hung
-// program must fail the run, not hold it. A window that has gone meanwhile gives 0.
-enum SendForm : bool { AnsiSend = false, WideSend = true };
-
-LRESULT SendOrAbort(HWND target, UINT message, WPARAM wParam, LPARAM lParam, SendForm form = AnsiSend) {
+// A send with a time limit: a hung program fails the run instead of holding it.
+LRESULT Send(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide = false) {
     DWORD_PTR result = 0;
     LRESULT sent =
-        form == WideSend
-            ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
-            : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
+        wide ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
+             : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
     if (!sent && IsWindow(target))
-        Abort("program answers a message", "no answer to message " + std::to_string(message));
+        Abort("the program answers", "no answer to message " + std::to_string(message));
     return static_cast<LRESULT>(result);
 }
 
-// The rows are plain ASCII; anything else shows as '?' in a message.
-std::string Narrow(const std::wstring& wide) {
-    std::string text;
-    for (wchar_t c : wide)
-        text += c < 128 ? static_cast<char>(c) : '?';
+std::string TextOf(HWND window) {
+    if (!window) return "";
+    std::string text(static_cast<size_t>(Send(window, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
+    text.resize(
+        static_cast<size_t>(Send(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    std::erase(text, '\r');
     return text;
 }
 
-// The largest channel difference of two colours.
-int ColourDistance(COLORREF a, COLORREF b) {
-    return std::max({std::abs(GetRValue(a) - GetRValue(b)), std::abs(GetGValue(a) - GetGValue(b)),
-                     std::abs(GetBValue(a) - GetBValue(b))});
-}
-
-// True when a row band of the picture holds a pixel near `colour`.
-bool BandHolds(const Image& image, int top, int bottom, COLORREF colour, int tolerance) {
-    for (int y = top; y < bottom; ++y)
-        for (int x = 0; x < image.width; ++x)
-            if (ColourDistance(image.Pixel(x, y), colour) <= tolerance) return true;
-    return false;
-}
-
-// Finds the text rows of an open menu, top to bottom, and says which are greyed. A row is a band
-// at least 5 pixels high that differs from the menu's colour (separators are thinner); it is
-// enabled when it holds the menu text colour, or, highlighted, the highlighted text colour.
-std::vector<bool> GreyedMenuRows(const Image& popup) {
-    const COLORREF background = GetSysColor(COLOR_MENU);
-    const int margin = 3, bottom = popup.height - margin;
-    auto rowHasInk = [&](int y) {
-        for (int x = margin; x < popup.width - margin; ++x)
-            if (ColourDistance(popup.Pixel(x, y), background) > 40) return true;
-        return false;
-    };
-    std::vector<bool> greyed;
-    int top = -1;
-    for (int y = margin; y <= bottom; ++y) {
-        if (y < bottom && rowHasInk(y)) {
-            if (top < 0) top = y;
-            continue;
-        }
-        if (top >= 0 && y - top >= 5) {
-            bool highlighted = BandHolds(popup, top, y, GetSysColor(COLOR_HIGHLIGHT), 8);
-            COLORREF text = GetSysColor(highlighted ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT);
-            greyed.push_back(!BandHolds(popup, top, y, text, 60));
-        }
-        top = -1;
-    }
-    return greyed;
+PROCESS_INFORMATION Launch(HANDLE job) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION info{};
+    char commandLine[] = "velok3.exe";
+    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &startup, &info))
+        Abort("velok3.exe starts", "CreateProcess error " + std::to_string(GetLastError()));
+    AssignProcessToJobObject(job, info.hProcess);
+    ResumeThread(info.hThread);
+    CloseHandle(info.hThread);
+    return info;
 }
 
 } // namespace
 
-std::string WindowText(HWND target) {
-    if (!target) return "";
-    LRESULT length = SendOrAbort(target, WM_GETTEXTLENGTH, 0, 0);
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    LRESULT copied = SendOrAbort(target, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(copied < 0 ? 0 : static_cast<size_t>(copied));
-    return text;
-}
-
-std::string MessageBoxText(HWND box) {
-    std::string plain;
-    for (char c : WindowText(GetDlgItem(box, MessageTextId)))
-        if (c != '\r') plain += c;
-    return plain;
-}
-
-void Program::Start(const char* name) {
-    label = name;
+void Program::Start(const std::string& label) {
+    name = label;
     job = CreateJobObjectA(nullptr, nullptr);
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION info{};
-    char commandLine[] = "velok3.exe";
-    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                        nullptr, &startup, &info))
-        Abort("start " + label, "CreateProcess failed with error " + std::to_string(GetLastError()));
-    AssignProcessToJobObject(job, info.hProcess);
-    ResumeThread(info.hThread);
-    CloseHandle(info.hThread);
+    PROCESS_INFORMATION info = Launch(job);
     process = info.hProcess;
-    processId = info.dwProcessId;
     WaitForInputIdle(process, 10000);
     auto found = [this] {
-        auto windows = WindowsOf(processId, WindowClass);
+        auto windows = WindowsOf(process, "VELOK3");
         window = windows.empty() ? nullptr : windows.front();
         return window != nullptr;
     };
-    if (!WaitUntil(found, 10000)) Abort("start " + label, "no visible window of class VELOK3");
-    list = GetDlgItem(window, MovesListId);
+    if (!WaitUntil(found, 10000)) Abort(name + " shows its window", "no visible window of class VELOK3");
+    list = GetDlgItem(window, IDC_MOVES_LIST);
 }
 
 DWORD Program::StartSecondCopy() {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION info{};
-    char commandLine[] = "velok3.exe";
-    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                        nullptr, &startup, &info))
-        Abort("start a second copy", "CreateProcess failed");
-    AssignProcessToJobObject(job, info.hProcess);
-    ResumeThread(info.hThread);
-    CloseHandle(info.hThread);
-    DWORD code = 259;
-    if (WaitForSingleObject(info.hProcess, 10000) != WAIT_OBJECT_0)
-        Abort("second copy ends by itself", "still running after 10 s");
+    PROCESS_INFORMATION info = Launch(job);
+    DWORD code = STILL_ACTIVE;
+    if (WaitForSingleObject(info.hProcess, 10000) != WAIT_OBJECT_0) Abort("a second copy ends by itself");
     GetExitCodeProcess(info.hProcess, &code);
     CloseHandle(info.hProcess);
     return code;
 }
 
-std::vector<HWND> Program::Dialogs() const {
-    return WindowsOf(processId, DialogClass);
-}
-
-bool Program::Expected(HWND dialog) {
-    std::erase_if(expectedDialogs, [](HWND known) { return !IsWindow(known) || !IsWindowVisible(known); });
-    return std::find(expectedDialogs.begin(), expectedDialogs.end(), dialog) != expectedDialogs.end();
-}
-
-void Program::AbortOnDialog(HWND dialog) const {
-    std::string title = TextOf(dialog);
-    std::string text = MessageBoxText(dialog);
-    Abort("no unexpected dialog", "dialog \"" + title + "\" says \"" + text + "\"");
-}
-
-bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char* allowedDialog) {
+bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char* allowed) {
     const DWORD started = GetTickCount();
     for (;;) {
         if (done()) return true;
         if (WaitForSingleObject(process, 0) == WAIT_OBJECT_0) {
-            // The end may have come just after the test, and be what the test waits for.
             if (done()) return true;
             DWORD code = 0;
             GetExitCodeProcess(process, &code);
-            Abort(label + " keeps running", "it ended with exit code " + std::to_string(code));
+            Abort(name + " keeps running", "it ended with exit code " + std::to_string(code));
         }
-        for (HWND dialog : Dialogs()) {
-            if (Expected(dialog)) continue;
-            std::string title = TextOf(dialog);
-            bool closing = !IsWindow(dialog) || !IsWindowVisible(dialog);
-            if (!closing && !(allowedDialog && title == allowedDialog)) AbortOnDialog(dialog);
+        std::erase_if(expected, [](HWND dialog) { return !IsWindow(dialog) || !IsWindowVisible(dialog); });
+        for (HWND dialog : WindowsOf(process, "#32770")) {
+            if (std::find(expected.begin(), expected.end(), dialog) != expected.end() ||
+                !IsWindowVisible(dialog))
+                continue;
+            const std::string title = TextOf(dialog);
+            if (!allowed || title != allowed)
+                Abort("no unexpected dialog",
+                      "\"" + title + "\" says \"" + TextOf(GetDlgItem(dialog, 0xFFFF)) + "\"");
         }
         if (GetTickCount() - started >= static_cast<DWORD>(limit)) return false;
         Sleep(10);
     }
 }
 
-void Program::Click(int x, int y, UINT message) {
-    PostMessageA(window, message, 0, MAKELPARAM(x, y));
+bool Program::WaitForScreen(const std::function<bool(const Image&)>& shows, Image* last) {
+    Image shot;
+    bool seen = WaitUntil([&] {
+        shot = Client();
+        return shows(shot);
+    });
+    if (last) *last = shot;
+    return seen;
 }
 
-void Program::Command(int id) {
-    PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, 0), 0);
-}
-
-HWND Program::FindDialog(const char* title) const {
-    for (HWND dialog : Dialogs())
-        if (TextOf(dialog) == title) return dialog;
-    return nullptr;
-}
-
-HWND Program::WaitForDialog(const char* title, int limit) {
-    HWND dialog = nullptr;
-    if (!WaitUntil([&] { return (dialog = FindDialog(title)) != nullptr; }, limit, title))
-        Abort(std::string("dialog \"") + title + "\" opens",
-              "not there after " + std::to_string(limit) + " ms");
-    expectedDialogs.push_back(dialog);
-    return dialog;
-}
-
-void Program::ExpectMessage(const std::string& text, int button, int limit) {
-    HWND box = WaitForDialog("Velok-3", limit);
-    std::string shown = MessageBoxText(box);
-    Check(shown == text, "message \"" + text + "\"", "the box says \"" + shown + "\"");
-    PressButton(box, button, ClosesDialog);
-}
-
-void Program::PressButton(HWND dialog, int id, ButtonEffect effect) {
-    std::string title = TextOf(dialog);
-    PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
-    if (effect == ClosesDialog &&
-        !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
-                   title.c_str()))
-        Abort("dialog closes on button " + std::to_string(id), "still open");
-}
-
-void Program::SetText(HWND dialog, int id, const char* text) {
-    SendOrAbort(GetDlgItem(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-}
-
-std::string Program::TextOf(HWND target) const {
-    return WindowText(target);
-}
-
-bool Program::DialogShows(HWND dialog, const std::string& text) const {
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (TextOf(child) == text) return true;
-    return false;
-}
-
-void Program::ChooseRow(HWND dialog, int id, int row) {
-    HWND combo = GetDlgItem(dialog, id);
-    SendOrAbort(combo, CB_SETCURSEL, row, 0);
-    SendOrAbort(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
-}
-
-std::vector<std::string> Program::Rows() const {
-    std::vector<std::string> rows;
-    LRESULT count = SendOrAbort(list, LB_GETCOUNT, 0, 0, WideSend);
-    for (LRESULT row = 0; row < count; ++row) {
-        LRESULT length = SendOrAbort(list, LB_GETTEXTLEN, row, 0, WideSend);
-        if (length < 0) break;
-        std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-        LRESULT copied = SendOrAbort(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()), WideSend);
-        text.resize(copied < 0 ? 0 : static_cast<size_t>(copied));
-        rows.push_back(Narrow(text));
-    }
-    return rows;
-}
-
-bool Program::WaitForRows(int count, int limit) {
-    // A thinking program answers sends only between root moves, so a slow answer is "not yet".
-    auto reached = [&] {
-        DWORD_PTR rows = 0;
-        return SendMessageTimeoutW(list, LB_GETCOUNT, 0, 0, SMTO_NORMAL, 200, &rows) &&
-               static_cast<int>(rows) >= count;
-    };
-    return WaitUntil(reached, limit);
-}
-
-std::vector<bool> Program::MenuEntriesGreyed(char mnemonic, int entries) {
-    // Wine keeps a menu's state inside its own process, so GetMenuState from here fails; the
-    // driver opens the menu as Alt and the letter would and reads the state off the screen.
-    PostMessageA(window, WM_SYSCOMMAND, SC_KEYMENU, mnemonic);
-    std::vector<bool> greyed;
-    auto read = [&] {
-        auto popups = WindowsOf(processId, MenuClass);
-        if (popups.empty()) return false;
-        RECT frame{};
-        GetWindowRect(popups.front(), &frame);
-        greyed = GreyedMenuRows(
-            CaptureScreen(frame.left, frame.top, frame.right - frame.left, frame.bottom - frame.top));
-        return static_cast<int>(greyed.size()) == entries;
-    };
-    bool seen = WaitUntil(read, ShortWait);
-    auto closed = [this] { return WindowsOf(processId, MenuClass).empty(); };
-    PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
-    if (!WaitUntil(closed, ShortWait)) Abort("menu closes on Esc", "the menu stays open");
-    // The first Esc leaves the menu bar selected, as after Alt; the second ends that mode too.
-    PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
-    if (!seen) greyed.clear();
-    return greyed;
+bool Program::ExpectBoard(const Board& board, const std::string& placement, const std::string& what,
+                          const std::string& lastMove, const std::string& marked) {
+    Image shot;
+    const bool seen = WaitForScreen(
+        [&](const Image& now) { return board.Differing(now, placement, lastMove) == marked; }, &shot);
+    return Check(seen, what, "squares differing: " + board.Differing(shot, placement, lastMove));
 }
 
 SIZE Program::ClientSize() const {
@@ -321,25 +167,208 @@ SIZE Program::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-Image Program::CaptureClient() const {
-    POINT origin{0, 0};
-    ClientToScreen(window, &origin);
-    SIZE size = ClientSize();
-    return CaptureScreen(origin.x, origin.y, size.cx, size.cy);
+HWND Program::WaitForDialog(const char* title) {
+    HWND dialog = nullptr;
+    auto found = [&] {
+        for (HWND open : WindowsOf(process, "#32770"))
+            if (TextOf(open) == title) dialog = open;
+        return dialog != nullptr;
+    };
+    if (!WaitUntil(found, ShortWait, title)) Abort(std::string("dialog \"") + title + "\" opens");
+    expected.push_back(dialog);
+    return dialog;
 }
 
-DWORD Program::Close(SaveQuestion question) {
-    PostMessageA(window, WM_CLOSE, 0, 0);
-    if (question == AsksToSave) ExpectMessage("Save current game?", IDNO);
-    return WaitForExit(ShortWait * 2);
+void Program::Press(HWND dialog, int id, bool closes) {
+    const std::string title = TextOf(dialog);
+    PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+    if (closes && !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
+                             title.c_str()))
+        Abort("dialog \"" + title + "\" closes on button " + std::to_string(id));
 }
 
-DWORD Program::WaitForExit(int limit) {
+void Program::Answer(const std::string& text, int button) {
+    HWND box = WaitForDialog("Velok-3");
+    const std::string shown = TextOf(GetDlgItem(box, 0xFFFF));
+    Check(shown == text, "message \"" + text + "\"", "the box says \"" + shown + "\"");
+    Press(box, button);
+}
+
+void Program::SetText(HWND dialog, int id, const std::string& text) {
+    Send(GetDlgItem(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void Program::SetChecked(HWND dialog, int id, bool checked) {
+    // The dialog reads its boxes when a button takes them over, as a click would leave them.
+    Send(GetDlgItem(dialog, id), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool Program::Checked(HWND dialog, int id) {
+    return Send(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void Program::ChooseRow(HWND dialog, int id, int row) {
+    HWND control = GetDlgItem(dialog, id);
+    char kind[16] = "";
+    GetClassNameA(control, kind, sizeof kind);
+    const bool combo = lstrcmpiA(kind, "ComboBox") == 0;
+    Send(control, combo ? CB_SETCURSEL : LB_SETCURSEL, row, 0);
+    Send(dialog, WM_COMMAND, MAKEWPARAM(id, combo ? CBN_SELCHANGE : LBN_SELCHANGE),
+         reinterpret_cast<LPARAM>(control));
+}
+
+std::vector<std::string> Program::Rows(HWND listBox) {
+    // Wine 8 answers LB_GETTEXT in UTF-16 even to the A form, so ask in the W form.
+    listBox = listBox ? listBox : list;
+    std::vector<std::string> rows;
+    const LRESULT count = Send(listBox, LB_GETCOUNT, 0, 0, true);
+    for (LRESULT row = 0; row < count; ++row) {
+        // A list refilled meanwhile has fewer rows.
+        const LRESULT length = Send(listBox, LB_GETTEXTLEN, row, 0, true);
+        if (length < 0) break;
+        std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+        const LRESULT copied = Send(listBox, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()), true);
+        text.resize(static_cast<size_t>(std::clamp<LRESULT>(copied, 0, length)));
+        rows.emplace_back(text.begin(), text.end());
+    }
+    return rows;
+}
+
+int Program::SelectedRow() {
+    return static_cast<int>(Send(list, LB_GETCURSEL, 0, 0));
+}
+
+bool Program::WaitForRows(int count, int limit) {
+    // A thinking program answers only between root moves, so a slow answer is "not yet".
+    return WaitUntil(
+        [&] {
+            DWORD_PTR rows = 0;
+            return SendMessageTimeoutW(list, LB_GETCOUNT, 0, 0, SMTO_NORMAL, 200, &rows) &&
+                   static_cast<int>(rows) >= count;
+        },
+        limit);
+}
+
+void Program::ClickRow(int row) {
+    constexpr int RowHeight = 25;
+    const LPARAM at = MAKELPARAM(30, row * RowHeight + RowHeight / 2);
+    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageA(list, WM_LBUTTONUP, 0, at);
+}
+
+bool Program::StepTo(WPARAM key, int row) {
+    for (int presses = 0; presses < 12 && SelectedRow() != row; ++presses) {
+        const int before = SelectedRow();
+        Key(key);
+        WaitUntil([&] { return SelectedRow() != before; });
+    }
+    return SelectedRow() == row;
+}
+
+HWND Program::NewGame(Side white, Side black, Level level, bool start) {
+    Command(IDM_GAME_NEW);
+    HWND dialog = WaitForDialog("New game");
+    const struct {
+        Side side;
+        int type, nameEdit;
+        const char* name;
+    } sides[] = {{white, IDC_WHITE_TYPE, IDC_WHITE_NAME, "Alice"},
+                 {black, IDC_BLACK_TYPE, IDC_BLACK_NAME, "Bob"}};
+    for (const auto& side : sides) {
+        ChooseRow(dialog, side.type, side.side);
+        if (side.side == Human) SetText(dialog, side.nameEdit, side.name);
+    }
+    if (white == Computer || black == Computer) ChooseRow(dialog, IDC_AI_LEVEL, level);
+    if (start) Press(dialog, IDOK);
+    return dialog;
+}
+
+void Program::Play(const Board& board, const std::string& moves) {
+    // Each move's row follows the row shown, whose successors a move from there takes back.
+    for (size_t at = 0; at + 4 <= moves.size(); at += 5) {
+        const size_t row = static_cast<size_t>(SelectedRow() + 1);
+        const std::string from = moves.substr(at, 2), to = moves.substr(at + 2, 2);
+        Click(board.Centre(from));
+        Click(board.Centre(to));
+        auto played = [&] {
+            const auto rows = Rows();
+            return rows.size() > row && (rows[row].find(from + "-" + to) != std::string::npos ||
+                                         rows[row].find(from + "x" + to) != std::string::npos);
+        };
+        if (!WaitUntil(played)) Abort("move " + from + to + " is played", Join(Rows()));
+    }
+}
+
+void Program::SaveAs(const char* title, const std::string& fileName, const char* saved) {
+    HWND dialog = WaitForDialog(title);
+    SetText(dialog, IDC_SAVE_NAME, fileName);
+    Press(dialog, IDOK, fileName.empty() ? false : true);
+    Answer(saved);
+}
+
+DWORD Program::Close(bool asksToSave, int command) {
+    if (command)
+        Command(command);
+    else
+        PostMessageA(window, WM_CLOSE, 0, 0);
+    if (asksToSave) Answer("Save current game?", IDNO);
+    return WaitForExit();
+}
+
+DWORD Program::WaitForExit() {
+    const int limit = 2 * ShortWait;
     if (!WaitUntil([this] { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }, limit))
-        Abort(label + " ends", "still running after " + std::to_string(limit) + " ms");
+        Abort(name + " ends", "still running after " + std::to_string(limit) + " ms");
     DWORD code = 0;
     GetExitCodeProcess(process, &code);
     return code;
+}
+
+std::string ReadWholeFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void WriteWholeFile(const std::string& path, const std::string& bytes) {
+    if (!(std::ofstream(path, std::ios::binary) << bytes)) Abort("file " + path + " written");
+}
+
+std::string CrLf(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\r\n";
+    return text;
+}
+
+std::vector<std::string> FilesMatching(const std::string& pattern) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA found{};
+    HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileA(search, &found)) {
+        const std::string name = found.cFileName;
+        if (name != "." && name != "..")
+            names.push_back(name + (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? "/" : ""));
+    }
+    if (search != INVALID_HANDLE_VALUE) FindClose(search);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string Join(const std::vector<std::string>& items) {
+    std::string joined;
+    for (const std::string& item : items)
+        joined += (joined.empty() ? "" : "|") + item;
+    return joined;
+}
+
+std::string SettingsFileName() {
+    Program program;
+    program.Start("velok3.exe, to learn the settings file's name");
+    program.Close(false);
+    const auto found = FilesMatching("velok-3 {*}.ini");
+    if (found.empty()) Abort("the settings file is written at exit");
+    return found.front();
 }
 
 } // namespace e2e

@@ -1,0 +1,209 @@
+// Pictures of the screen and of the program's skins, the .bmp files of a run, and the board's
+// squares compared tile by tile with the skin the program draws them from.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <utility>
+
+#include "e2e.h"
+
+namespace e2e {
+
+namespace {
+
+// A top-down 24-bit DIB; GDI and the .bmp format pad its rows to four bytes.
+int PaddedRow(int width) {
+    return (width * 3 + 3) & ~3;
+}
+
+BITMAPINFOHEADER Header(int width, int height) {
+    return {sizeof(BITMAPINFOHEADER), width, -height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+}
+
+Image ImageOf(HBITMAP bitmap) {
+    BITMAP shape{};
+    GetObject(bitmap, sizeof shape, &shape);
+    BITMAPINFO info{Header(shape.bmWidth, shape.bmHeight), {}};
+    std::vector<unsigned char> rows(static_cast<size_t>(PaddedRow(shape.bmWidth)) * shape.bmHeight);
+    HDC screen = GetDC(nullptr);
+    GetDIBits(screen, bitmap, 0, shape.bmHeight, rows.data(), &info, DIB_RGB_COLORS);
+    ReleaseDC(nullptr, screen);
+    Image image{shape.bmWidth, shape.bmHeight, {}};
+    for (int y = 0; y < image.height; ++y)
+        image.bgr.insert(image.bgr.end(), rows.begin() + y * PaddedRow(image.width),
+                         rows.begin() + y * PaddedRow(image.width) + image.width * 3);
+    return image;
+}
+
+// A skin bitmap as the board shows it: at full size as it is, smaller scaled with HALFTONE onto a
+// second copy of itself, as the program scales it, so that the same Wine code makes the same pixels.
+Image Scaled(const std::function<HBITMAP()>& load, int tileSize) {
+    HBITMAP skin = load(), canvas = tileSize == 64 ? nullptr : load();
+    if (canvas) {
+        HDC screen = GetDC(nullptr);
+        HDC source = CreateCompatibleDC(screen), target = CreateCompatibleDC(screen);
+        HGDIOBJ oldSource = SelectObject(source, skin), oldTarget = SelectObject(target, canvas);
+        SetStretchBltMode(target, HALFTONE);
+        SetBrushOrgEx(target, 0, 0, nullptr);
+        StretchBlt(target, 0, 0, 10 * tileSize, 7 * tileSize, source, 0, 0, 640, 448, SRCCOPY);
+        SelectObject(source, oldSource);
+        SelectObject(target, oldTarget);
+        DeleteDC(source);
+        DeleteDC(target);
+        ReleaseDC(nullptr, screen);
+        std::swap(skin, canvas);
+        DeleteObject(canvas);
+    }
+    Image image = skin ? ImageOf(skin) : Image{};
+    DeleteObject(skin);
+    return image;
+}
+
+int PieceRow(char piece) {
+    const char* found = std::strchr(".pnbrqk", piece | 0x20);
+    return found && piece != '.' ? static_cast<int>(found - ".pnbrqk") : 0;
+}
+
+} // namespace
+
+COLORREF Image::Pixel(int x, int y) const {
+    if (x < 0 || y < 0 || x >= width || y >= height) return CLR_INVALID;
+    const unsigned char* p = &bgr[(static_cast<size_t>(y) * width + x) * 3];
+    return RGB(p[2], p[1], p[0]);
+}
+
+Image CaptureScreen(const RECT& area) {
+    const int width = area.right - area.left, height = area.bottom - area.top;
+    HDC screen = GetDC(nullptr);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    Image image = ImageOf(bitmap);
+    DeleteObject(bitmap);
+    return image;
+}
+
+Image CaptureWindow(HWND window, bool withMenuAndCaption) {
+    RECT area{};
+    GetClientRect(window, &area);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    if (withMenuAndCaption) GetWindowRect(window, &area);
+    return CaptureScreen(area);
+}
+
+bool SaveBmp(const Image& image, const std::string& path) {
+    const DWORD pixelBytes = static_cast<DWORD>(PaddedRow(image.width)) * image.height;
+    BITMAPFILEHEADER file{0x4D42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
+    file.bfSize = file.bfOffBits + pixelBytes;
+    BITMAPINFOHEADER header = Header(image.width, -image.height); // bottom up, as every reader takes it
+    std::vector<unsigned char> rows(pixelBytes, 0);
+    for (int y = 0; y < image.height; ++y)
+        std::copy_n(image.bgr.begin() + static_cast<size_t>(y) * image.width * 3, image.width * 3,
+                    rows.begin() + static_cast<size_t>(image.height - 1 - y) * PaddedRow(image.width));
+    FILE* out = std::fopen(path.c_str(), "wb");
+    if (!out) return false;
+    const bool written = std::fwrite(&file, sizeof file, 1, out) == 1 &&
+                         std::fwrite(&header, sizeof header, 1, out) == 1 &&
+                         std::fwrite(rows.data(), 1, rows.size(), out) == rows.size();
+    return std::fclose(out) == 0 && written;
+}
+
+int PixelsNear(const Image& image, const RECT& area, COLORREF colour, int tolerance) {
+    int count = 0;
+    for (int y = area.top; y < area.bottom; ++y)
+        for (int x = area.left; x < area.right; ++x) {
+            const COLORREF p = image.Pixel(x, y);
+            count += p != CLR_INVALID && std::abs(GetRValue(p) - GetRValue(colour)) <= tolerance &&
+                     std::abs(GetGValue(p) - GetGValue(colour)) <= tolerance &&
+                     std::abs(GetBValue(p) - GetBValue(colour)) <= tolerance;
+        }
+    return count;
+}
+
+int PixelsDiffering(const Image& a, int ax, int ay, const Image& b, int bx, int by, int width, int height) {
+    int count = 0;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            count +=
+                a.Pixel(ax + x, ay + y) != b.Pixel(bx + x, by + y) || a.Pixel(ax + x, ay + y) == CLR_INVALID;
+    return count;
+}
+
+Image LoadSkin(int number, int tileSize) {
+    HMODULE module = LoadLibraryExA(".\\velok3.exe", nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    Image skin =
+        Scaled([&] { return LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number)); }, tileSize);
+    if (module) FreeLibrary(module);
+    if (skin.width != 640) Abort("stock skin " + std::to_string(number) + " readable from velok3.exe");
+    return skin;
+}
+
+Image LoadSkinFile(const char* path) {
+    return Scaled(
+        [&] { return static_cast<HBITMAP>(LoadImageA(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE)); },
+        64);
+}
+
+int PanelTextWidth(const std::string& text) {
+    HDC screen = GetDC(nullptr);
+    HFONT font =
+        CreateFontA(24, 0, 0, 0, FW_DONTCARE, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE, "Palatino Linotype");
+    HGDIOBJ old = SelectObject(screen, font);
+    SIZE size{};
+    GetTextExtentPoint32A(screen, text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(screen, old);
+    DeleteObject(font);
+    ReleaseDC(nullptr, screen);
+    return size.cx;
+}
+
+POINT Board::Centre(const std::string& square) const {
+    const int file = square[0] - 'a', row = square[1] - '1';
+    const int column = whiteOnTop ? 7 - file : file, line = whiteOnTop ? row : 7 - row;
+    return {origin + column * tileSize + tileSize / 2, origin + line * tileSize + tileSize / 2};
+}
+
+bool Board::Shows(const Image& shot, const std::string& square, char piece, int column) const {
+    const POINT centre = Centre(square);
+    const int x = centre.x - tileSize / 2, y = centre.y - tileSize / 2;
+    // A plain square is light where its screen column and row are both even or both odd.
+    if (column < 0)
+        column =
+            ((x - origin) / tileSize + (y - origin) / tileSize) % 2 == 0 ? TileColumnLight : TileColumnDark;
+    if (piece >= 'a' && piece <= 'z') column += BlackPieceColumnOffset;
+    // A preview's one-pixel frame is drawn over the board's last column and row.
+    return PixelsDiffering(shot, x, y, skin, column * tileSize, PieceRow(piece) * tileSize,
+                           std::min(tileSize, shot.width - 1 - x),
+                           std::min(tileSize, shot.height - 1 - y)) == 0;
+}
+
+std::string Board::Differing(const Image& shot, const std::string& placement,
+                             const std::string& lastMove) const {
+    const std::string cells = AfterMoves(placement, "");
+    std::string differing;
+    for (int i = 0; i < 64; ++i) {
+        const std::string square{static_cast<char>('a' + i % 8), static_cast<char>('8' - i / 8)};
+        const bool marked = lastMove.find(square) != std::string::npos;
+        if (!Shows(shot, square, cells[i], marked ? TileColumnLastMove : -1))
+            differing += (differing.empty() ? "" : " ") + square;
+    }
+    return differing;
+}
+
+std::string AfterMoves(const std::string& placement, const std::string& moves) {
+    std::string cells;
+    for (char c : placement)
+        cells += c >= '1' && c <= '8' ? std::string(c - '0', '.') : c == '/' ? "" : std::string(1, c);
+    auto at = [&](size_t i) -> char& { return cells[('8' - moves[i + 1]) * 8 + moves[i] - 'a']; };
+    for (size_t i = 0; i + 4 <= moves.size(); i += 5)
+        at(i + 2) = std::exchange(at(i), '.');
+    return cells;
+}
+
+} // namespace e2e

@@ -1,25 +1,22 @@
-# Wine set-up shared by tests/e2e/run.sh and tools/run.sh: a 64-bit prefix of our own, made once,
-# with a virtual desktop and no crash dialog. Source it; it defines functions and changes nothing.
-
+# Wine set-up shared by tests/e2e/run.sh and tools/run.sh: a 64-bit prefix of our own, made once.
+# Source it; it only defines functions.
 WINE=/usr/lib/wine/wine64
 WINESERVER=/usr/lib/wine/wineserver
 
 # Points Wine at a prefix and a socket folder under the given folder, quiet and without prompts.
 wine_env() {
-  local root
-  root=$(realpath -m "$1")
+  local root; root=$(realpath -m "$1")
   mkdir -p "$root/tmp"
   export WINEPREFIX="$root/prefix" TMPDIR="$root/tmp"
   export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
   WINE_LOGS="$root"
 }
 
-# Creates the prefix once. Without DISPLAY wineboot opens no window; the registry keys give a
-# virtual desktop (a window hidden under bare Xvfb otherwise costs 2 s) and no crash dialog,
-# which would hang a test. Wine's own faces (Marlett draws the caption buttons, Tahoma the menus)
-# come from fonts-wine, which this Wine only loads from the prefix; Palatino Linotype, which
-# every Windows has and the panel asks for, is mapped to TeX Gyre Pagella of the same metrics.
-# A prefix stamped by an older recipe is made anew.
+# Creates the prefix once, without DISPLAY so that wineboot opens no window. The registry gives a
+# virtual desktop (a window hidden under bare Xvfb otherwise costs 2 s), no crash dialog (it would
+# hang a test), and Palatino Linotype, the panel's face on Windows, as TeX Gyre Pagella of the same
+# metrics. Wine's own faces (Marlett draws the caption buttons, Tahoma the menus) come from
+# fonts-wine, which this Wine loads only from the prefix. A prefix of an older recipe is made anew.
 wine_prefix() {
   [ -f "$WINEPREFIX/.velok3-ready-fonts" ] && return 0
   echo "wine: creating the prefix $WINEPREFIX (once)"
@@ -41,8 +38,4 @@ wine_prefix() {
 }
 
 # The Windows form of a Unix path, through the Z: drive that every prefix maps to /.
-winepath_of() {
-  local path
-  path=$(realpath -m "$1")
-  printf 'Z:%s' "${path//\//\\}"
-}
+winepath_of() { local path; path=$(realpath -m "$1"); printf 'Z:%s' "${path//\//\\}"; }

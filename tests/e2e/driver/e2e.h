@@ -13,20 +13,19 @@
 
 namespace e2e {
 
-// Limits of the waits in milliseconds; a computer move at the normal level may take seconds.
+// Limits of the waits in milliseconds.
 constexpr int ShortWait = 3000, ComputerWait = 60000, PaintPause = 300;
 constexpr COLORREF DefaultBackground = RGB(128, 128, 128), DefaultInk = RGB(255, 255, 255);
 constexpr const char* StartPlacement = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR";
 
-// One PASS or FAIL line per check, a screenshot per failure; Abort ends the driver, and the job
-// object takes the program with it.
+// One PASS or FAIL line per check, a screenshot per failure; Abort ends the driver and, by the
+// job object, the program.
 bool Check(bool ok, const std::string& what, const std::string& detail = "");
 [[noreturn]] void Abort(const std::string& what, const std::string& detail = "");
-void Screenshot(const std::string& name);
 extern std::string shotFolder;
 extern int failedChecks;
 
-// 24-bit pixels, rows top down, blue, green, red.
+// 24-bit pixels, blue, green, red, in rows top down padded to four bytes as GDI has them.
 struct Image {
     int width = 0, height = 0;
     std::vector<unsigned char> bgr;
@@ -37,14 +36,11 @@ Image CaptureWindow(HWND window, bool whole = false); // the client area unless 
 bool SaveBmp(const Image& image, const std::string& path);
 int PixelsNear(const Image& image, const RECT& area, COLORREF colour, int tolerance = 0);
 int PixelsDiffering(const Image& a, int ax, int ay, const Image& b, int bx, int by, int width, int height);
-// Stock skin `number` of velok3.exe scaled as the program scales it, or a skin file.
-Image LoadSkin(int number, int tileSize);
-Image LoadSkinFile(const char* path);
+Image LoadSkin(int number, int tileSize);    // stock skin `number` of velok3.exe, scaled as the program does
 int PanelTextWidth(const std::string& text); // in the face the panel asks for by name
 
-// The board on the screen. A skin's tile row is the piece (empty, then pawn to king), its column
-// the square's look (TileColumn), five further for a black piece. A placement is a FEN field or
-// its 64 squares spelt out, rank 8 first, '.' for an empty one.
+// The board on the screen, drawn from a skin whose tile row is the piece (empty, then pawn to king)
+// and column the square's look. A placement is a FEN field or its 64 squares, rank 8 first.
 struct Board {
     Image skin;
     int tileSize = 64;
@@ -62,7 +58,6 @@ std::string AfterMoves(const std::string& placement, const std::string& moves); 
 
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& bytes);
-std::string CrLf(const std::vector<std::string>& lines);
 std::vector<std::string> FilesMatching(const std::string& pattern); // sorted, folders with a slash
 std::string Join(const std::vector<std::string>& items);
 
@@ -71,14 +66,12 @@ enum Level : int { Easy = 0, Normal = 1 };
 
 class Program {
   public:
-    // Starts velok3.exe of the current folder in a job and waits for its window.
-    void Start(const std::string& name = "velok3.exe");
+    void Start();            // of the current folder, in a job
     DWORD StartSecondCopy(); // its exit code, once it has ended by itself
     HWND window = nullptr, list = nullptr;
     HANDLE process = nullptr;
 
-    // Polls `done` every 10 ms; aborts when the program ends or shows a dialog that nothing waits
-    // for, but for one titled `allowed`.
+    // Polls `done`; aborts when the program ends or shows a dialog not waited for nor `allowed`.
     bool WaitUntil(const std::function<bool()>& done, int limit = ShortWait, const char* allowed = nullptr);
     bool WaitForScreen(const std::function<bool(const Image&)>& shows, Image* last = nullptr);
     // Waits for `board` to show `placement`, its last move and no other square marked but those
@@ -86,9 +79,7 @@ class Program {
     bool ExpectBoard(const Board& board, const std::string& placement, const std::string& what,
                      const std::string& lastMove = "", const std::string& marked = "");
     Image Client() const { return CaptureWindow(window); }
-    SIZE ClientSize() const;
 
-    // Posted input: a menu command, a release of a mouse button, a key.
     void Command(int id) const { PostMessageA(window, WM_COMMAND, id, 0); }
     void Click(POINT at, UINT message = WM_LBUTTONUP) const {
         PostMessageA(window, message, 0, MAKELPARAM(at.x, at.y));
@@ -103,40 +94,34 @@ class Program {
     void SetChecked(HWND dialog, int id, bool checked);
     void ChooseRow(HWND dialog, int id, int row); // in a drop-down or list, notified as a click
 
-    // A list box's rows (the moves list's by default), its selection, a click on a row, and the
-    // up or down key pressed until the moves list's selection reaches `row`.
+    // The rows of the moves list or another list box.
     std::vector<std::string> Rows(HWND listBox = nullptr);
     int SelectedRow();
     bool WaitForRows(int count, int limit = ShortWait);
     void ClickRow(int row);
-    bool StepTo(WPARAM key, int row);
 
-    // Fills in the New game dialog ("Alice" and "Bob" for people) and starts, or gives the dialog.
+    // Fills in the New game dialog ("Alice", "Bob") and starts, or gives the dialog.
     HWND NewGame(Side white, Side black, Level level = Easy, bool start = true);
     void Play(const Board& board, const std::string& moves); // two clicks and a new row each
+    // In set-up: a palette row, then squares ("e1 h1") by the play button for White, the other for Black.
+    void Place(const Board& board, int paletteRow, const std::string& white, const std::string& black = "");
     void SaveAs(const char* title, const std::string& name, const char* saved); // the name dialog
 
-    // Closes the window, or uses a menu command, answering No when a save is offered.
+    // Closes the window or uses a menu command, answering No when asked to save; the exit code.
     DWORD Close(bool asksToSave, int command = 0);
     DWORD WaitForExit();
 
   private:
     HANDLE job = nullptr;
-    std::string name;
     std::vector<HWND> expected;
 };
 
-std::string SettingsFileName(); // learnt by one start, for its tag is the login name
-
 void StartUp();
-void SmallAndTurned();
 void HumanPlay();
 void AgainstComputer();
-void ComputerAgainstComputer();
 void GameAndPositionFiles();
 void SetUpAndAnalyse();
-void OptionsOnTheBoard();
-void OptionsSkinsAndColours();
+void Options();
 void ReleaseFolder();
 void ManualPictures();
 

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include <cstdlib>
-
 #include "e2e.h"
 
 namespace e2e {
@@ -64,14 +62,9 @@ void ManualPictures() {
 
     program.Command(IDM_POSITION_SET);
     program.Answer("Save current game?", IDNO);
-    const char* placing[][2] = {{"5", "g1 g8"}, {"3", "d1 e8"}, {"0", "f2 g2 h2 e5 f7 g7 h7 d5"}};
-    for (const auto& [row, squares] : placing) {
-        program.ClickRow(std::atoi(row));
-        // The first half of each list is White's, placed by the play button; the rest Black's.
-        const std::string list = squares;
-        for (size_t at = 0, count = (list.size() + 1) / 3; at < list.size(); at += 3)
-            program.Click(board.Centre(list.substr(at, 2)), at / 3 < count / 2 ? WM_LBUTTONUP : WM_RBUTTONUP);
-    }
+    program.Place(board, 5, "g1", "g8");
+    program.Place(board, 3, "d1", "e8");
+    program.Place(board, 0, "f2 g2 h2 e5", "f7 g7 h7 d5");
     program.ClickRow(0);
     Picture(program.window, "set-position");
     program.ClickRow(7);
@@ -91,27 +84,22 @@ int main(int argc, char** argv) {
         const char* name;
         void (*run)();
     } scenarios[] = {{"startup", e2e::StartUp},
-                     {"small-turned", e2e::SmallAndTurned},
                      {"human-play", e2e::HumanPlay},
                      {"against-computer", e2e::AgainstComputer},
-                     {"computer-vs-computer", e2e::ComputerAgainstComputer},
                      {"files", e2e::GameAndPositionFiles},
                      {"set-up-analyse", e2e::SetUpAndAnalyse},
-                     {"options-board", e2e::OptionsOnTheBoard},
-                     {"options-skins-colours", e2e::OptionsSkinsAndColours},
+                     {"options", e2e::Options},
                      {"release-folder", e2e::ReleaseFolder},
                      {"pictures", e2e::ManualPictures}};
-    if (argc == 2 && std::strcmp(argv[1], "list") == 0) {
-        for (const auto& scenario : scenarios)
-            if (scenario.run != e2e::ManualPictures) std::printf("%s\n", scenario.name);
-        return 0;
-    }
-    for (const auto& scenario : scenarios)
+    const bool list = argc == 2 && std::strcmp(argv[1], "list") == 0;
+    for (const auto& scenario : scenarios) {
+        if (list && scenario.run != e2e::ManualPictures) std::printf("%s\n", scenario.name);
         if (argc == 3 && std::strcmp(argv[1], scenario.name) == 0) {
             e2e::shotFolder = argv[2];
             scenario.run();
             return e2e::failedChecks == 0 ? 0 : 1;
         }
-    std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <folder> | list\n");
-    return 2;
+    }
+    if (!list) std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <folder> | list\n");
+    return list ? 0 : 2;
 }

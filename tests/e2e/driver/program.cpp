@@ -15,7 +15,9 @@ bool Check(bool ok, const std::string& what, const std::string& detail) {
     std::printf("%s %s%s\n", ok ? "PASS" : "FAIL", what.c_str(),
                 ok || detail.empty() ? "" : (": " + detail).c_str());
     std::fflush(stdout);
-    if (!ok) Screenshot(std::to_string(++failedChecks) + " failed");
+    if (!ok)
+        SaveBmp(CaptureScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}),
+                shotFolder + "\\" + std::to_string(++failedChecks) + " failed.bmp");
     return ok;
 }
 
@@ -24,50 +26,36 @@ void Abort(const std::string& what, const std::string& detail) {
     std::exit(1);
 }
 
-void Screenshot(const std::string& name) {
-    RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    SaveBmp(CaptureScreen(screen), shotFolder + "\\" + name + ".bmp");
-}
-
 namespace {
 
-constexpr int SendLimit = 5000;
-
 std::vector<HWND> WindowsOf(HANDLE process, const char* className) {
-    struct Search {
-        DWORD processId;
-        const char* className;
-        std::vector<HWND> found;
-    } search{GetProcessId(process), className, {}};
-    EnumWindows(
-        [](HWND window, LPARAM parameter) -> BOOL {
-            auto* search = reinterpret_cast<Search*>(parameter);
-            DWORD owner = 0;
-            char name[64] = "";
-            GetWindowThreadProcessId(window, &owner);
-            GetClassNameA(window, name, sizeof name);
-            if (owner == search->processId && IsWindowVisible(window) &&
-                lstrcmpA(name, search->className) == 0)
-                search->found.push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    std::vector<HWND> found;
+    for (HWND at = nullptr; (at = FindWindowExA(nullptr, at, className, nullptr)) != nullptr;) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(at, &owner);
+        if (owner == GetProcessId(process) && IsWindowVisible(at)) found.push_back(at);
+    }
+    return found;
+}
+
+DWORD ExitCode(HANDLE process) {
+    DWORD code = 0;
+    GetExitCodeProcess(process, &code);
+    return code;
 }
 
 // A send with a time limit: a hung program fails the run instead of holding it.
 LRESULT Send(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide = false) {
+    constexpr int SendLimit = 5000;
     DWORD_PTR result = 0;
-    LRESULT sent =
-        wide ? SendMessageTimeoutW(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result)
-             : SendMessageTimeoutA(target, message, wParam, lParam, SMTO_NORMAL, SendLimit, &result);
-    if (!sent && IsWindow(target))
+    if (!(wide ? SendMessageTimeoutW : SendMessageTimeoutA)(target, message, wParam, lParam, SMTO_NORMAL,
+                                                            SendLimit, &result) &&
+        IsWindow(target))
         Abort("the program answers", "no answer to message " + std::to_string(message));
     return static_cast<LRESULT>(result);
 }
 
 std::string TextOf(HWND window) {
-    if (!window) return "";
     std::string text(static_cast<size_t>(Send(window, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
     text.resize(
         static_cast<size_t>(Send(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
@@ -75,80 +63,57 @@ std::string TextOf(HWND window) {
     return text;
 }
 
-PROCESS_INFORMATION Launch(HANDLE job) {
+HANDLE Launch(HANDLE job) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
     char commandLine[] = "velok3.exe";
     if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
                         nullptr, &startup, &info))
-        Abort("velok3.exe starts", "CreateProcess error " + std::to_string(GetLastError()));
+        Abort("velok3.exe starts", "error " + std::to_string(GetLastError()));
     AssignProcessToJobObject(job, info.hProcess);
     ResumeThread(info.hThread);
     CloseHandle(info.hThread);
-    return info;
+    return info.hProcess;
 }
 
 } // namespace
 
-void Program::Start(const std::string& label) {
-    name = label;
+void Program::Start() {
     job = CreateJobObjectA(nullptr, nullptr);
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    PROCESS_INFORMATION info = Launch(job);
-    process = info.hProcess;
-    WaitForInputIdle(process, 10000);
-    auto found = [this] {
-        auto windows = WindowsOf(process, "VELOK3");
-        window = windows.empty() ? nullptr : windows.front();
-        return window != nullptr;
-    };
-    if (!WaitUntil(found, 10000)) Abort(name + " shows its window", "no visible window of class VELOK3");
+    process = Launch(job);
+    if (!WaitUntil([this] { return !WindowsOf(process, "VELOK3").empty(); }, 10000))
+        Abort("velok3.exe shows its window");
+    window = WindowsOf(process, "VELOK3").front();
     list = GetDlgItem(window, IDC_MOVES_LIST);
 }
 
 DWORD Program::StartSecondCopy() {
-    PROCESS_INFORMATION info = Launch(job);
-    DWORD code = STILL_ACTIVE;
-    if (WaitForSingleObject(info.hProcess, 10000) != WAIT_OBJECT_0) Abort("a second copy ends by itself");
-    GetExitCodeProcess(info.hProcess, &code);
-    CloseHandle(info.hProcess);
-    return code;
+    HANDLE second = Launch(job);
+    if (WaitForSingleObject(second, 10000) != WAIT_OBJECT_0) Abort("a second copy ends by itself");
+    return ExitCode(second);
 }
 
 bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char* allowed) {
-    const DWORD started = GetTickCount();
-    for (;;) {
-        if (done()) return true;
-        if (WaitForSingleObject(process, 0) == WAIT_OBJECT_0) {
-            if (done()) return true;
-            DWORD code = 0;
-            GetExitCodeProcess(process, &code);
-            Abort(name + " keeps running", "it ended with exit code " + std::to_string(code));
-        }
-        std::erase_if(expected, [](HWND dialog) { return !IsWindow(dialog) || !IsWindowVisible(dialog); });
-        for (HWND dialog : WindowsOf(process, "#32770")) {
-            if (std::find(expected.begin(), expected.end(), dialog) != expected.end() ||
-                !IsWindowVisible(dialog))
-                continue;
-            const std::string title = TextOf(dialog);
-            if (!allowed || title != allowed)
-                Abort("no unexpected dialog",
-                      "\"" + title + "\" says \"" + TextOf(GetDlgItem(dialog, 0xFFFF)) + "\"");
-        }
+    for (const DWORD started = GetTickCount(); !done(); Sleep(10)) {
+        if (WaitForSingleObject(process, 0) == WAIT_OBJECT_0 && !done())
+            Abort("velok3.exe keeps running", "it ended with exit code " + std::to_string(ExitCode(process)));
+        std::erase_if(expected, [](HWND dialog) { return !IsWindowVisible(dialog); });
+        for (HWND dialog : WindowsOf(process, "#32770"))
+            if (std::find(expected.begin(), expected.end(), dialog) == expected.end() &&
+                (!allowed || TextOf(dialog) != allowed))
+                Abort("no unexpected dialog", TextOf(dialog) + ": " + TextOf(GetDlgItem(dialog, 0xFFFF)));
         if (GetTickCount() - started >= static_cast<DWORD>(limit)) return false;
-        Sleep(10);
     }
+    return true;
 }
 
 bool Program::WaitForScreen(const std::function<bool(const Image&)>& shows, Image* last) {
     Image shot;
-    bool seen = WaitUntil([&] {
-        shot = Client();
-        return shows(shot);
-    });
+    const bool seen = WaitUntil([&] { return shows(shot = Client()); });
     if (last) *last = shot;
     return seen;
 }
@@ -159,12 +124,6 @@ bool Program::ExpectBoard(const Board& board, const std::string& placement, cons
     const bool seen = WaitForScreen(
         [&](const Image& now) { return board.Differing(now, placement, lastMove) == marked; }, &shot);
     return Check(seen, what, "squares differing: " + board.Differing(shot, placement, lastMove));
-}
-
-SIZE Program::ClientSize() const {
-    RECT client{};
-    GetClientRect(window, &client);
-    return {client.right, client.bottom};
 }
 
 HWND Program::WaitForDialog(const char* title) {
@@ -183,8 +142,7 @@ void Program::Press(HWND dialog, int id, bool closes) {
     const std::string title = TextOf(dialog);
     PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
-    if (closes && !WaitUntil([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }, ShortWait,
-                             title.c_str()))
+    if (closes && !WaitUntil([dialog] { return !IsWindowVisible(dialog); }, ShortWait, title.c_str()))
         Abort("dialog \"" + title + "\" closes on button " + std::to_string(id));
 }
 
@@ -199,13 +157,13 @@ void Program::SetText(HWND dialog, int id, const std::string& text) {
     Send(GetDlgItem(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void Program::SetChecked(HWND dialog, int id, bool checked) {
-    // The dialog reads its boxes when a button takes them over, as a click would leave them.
-    Send(GetDlgItem(dialog, id), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-}
-
 bool Program::Checked(HWND dialog, int id) {
     return Send(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void Program::SetChecked(HWND dialog, int id, bool checked) {
+    // The dialog reads its boxes when a button takes them over.
+    Send(GetDlgItem(dialog, id), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
 void Program::ChooseRow(HWND dialog, int id, int row) {
@@ -219,18 +177,15 @@ void Program::ChooseRow(HWND dialog, int id, int row) {
 }
 
 std::vector<std::string> Program::Rows(HWND listBox) {
-    // Wine 8 answers LB_GETTEXT in UTF-16 even to the A form, so ask in the W form.
+    // Wine 8 answers LB_GETTEXT in UTF-16 even to the A form. A list refilled meanwhile is shorter.
     listBox = listBox ? listBox : list;
     std::vector<std::string> rows;
-    const LRESULT count = Send(listBox, LB_GETCOUNT, 0, 0, true);
-    for (LRESULT row = 0; row < count; ++row) {
-        // A list refilled meanwhile has fewer rows.
+    for (LRESULT row = 0, count = Send(listBox, LB_GETCOUNT, 0, 0, true); row < count; ++row) {
         const LRESULT length = Send(listBox, LB_GETTEXTLEN, row, 0, true);
-        if (length < 0) break;
-        std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+        std::wstring text(static_cast<size_t>(std::max<LRESULT>(length, 0)) + 1, L'\0');
         const LRESULT copied = Send(listBox, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()), true);
-        text.resize(static_cast<size_t>(std::clamp<LRESULT>(copied, 0, length)));
-        rows.emplace_back(text.begin(), text.end());
+        if (copied < 0) break;
+        rows.emplace_back(text.begin(), text.begin() + std::min(copied, length));
     }
     return rows;
 }
@@ -241,51 +196,35 @@ int Program::SelectedRow() {
 
 bool Program::WaitForRows(int count, int limit) {
     // A thinking program answers only between root moves, so a slow answer is "not yet".
+    DWORD_PTR rows = 0;
     return WaitUntil(
         [&] {
-            DWORD_PTR rows = 0;
             return SendMessageTimeoutW(list, LB_GETCOUNT, 0, 0, SMTO_NORMAL, 200, &rows) &&
-                   static_cast<int>(rows) >= count;
+                   int(rows) >= count;
         },
         limit);
 }
 
 void Program::ClickRow(int row) {
     constexpr int RowHeight = 25;
-    const LPARAM at = MAKELPARAM(30, row * RowHeight + RowHeight / 2);
-    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    PostMessageA(list, WM_LBUTTONUP, 0, at);
-}
-
-bool Program::StepTo(WPARAM key, int row) {
-    for (int presses = 0; presses < 12 && SelectedRow() != row; ++presses) {
-        const int before = SelectedRow();
-        Key(key);
-        WaitUntil([&] { return SelectedRow() != before; });
-    }
-    return SelectedRow() == row;
+    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(30, row * RowHeight + RowHeight / 2));
+    PostMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(30, row * RowHeight + RowHeight / 2));
 }
 
 HWND Program::NewGame(Side white, Side black, Level level, bool start) {
     Command(IDM_GAME_NEW);
     HWND dialog = WaitForDialog("New game");
-    const struct {
-        Side side;
-        int type, nameEdit;
-        const char* name;
-    } sides[] = {{white, IDC_WHITE_TYPE, IDC_WHITE_NAME, "Alice"},
-                 {black, IDC_BLACK_TYPE, IDC_BLACK_NAME, "Bob"}};
-    for (const auto& side : sides) {
-        ChooseRow(dialog, side.type, side.side);
-        if (side.side == Human) SetText(dialog, side.nameEdit, side.name);
-    }
+    ChooseRow(dialog, IDC_WHITE_TYPE, white);
+    ChooseRow(dialog, IDC_BLACK_TYPE, black);
+    if (white == Human) SetText(dialog, IDC_WHITE_NAME, "Alice");
+    if (black == Human) SetText(dialog, IDC_BLACK_NAME, "Bob");
     if (white == Computer || black == Computer) ChooseRow(dialog, IDC_AI_LEVEL, level);
     if (start) Press(dialog, IDOK);
     return dialog;
 }
 
 void Program::Play(const Board& board, const std::string& moves) {
-    // Each move's row follows the row shown, whose successors a move from there takes back.
+    // Each move's row follows the row shown, and takes back the rows after that.
     for (size_t at = 0; at + 4 <= moves.size(); at += 5) {
         const size_t row = static_cast<size_t>(SelectedRow() + 1);
         const std::string from = moves.substr(at, 2), to = moves.substr(at + 2, 2);
@@ -300,29 +239,31 @@ void Program::Play(const Board& board, const std::string& moves) {
     }
 }
 
+void Program::Place(const Board& board, int paletteRow, const std::string& white, const std::string& black) {
+    ClickRow(paletteRow);
+    for (size_t at = 0; at + 2 <= white.size(); at += 3)
+        Click(board.Centre(white.substr(at, 2)));
+    for (size_t at = 0; at + 2 <= black.size(); at += 3)
+        Click(board.Centre(black.substr(at, 2)), WM_RBUTTONUP);
+}
+
 void Program::SaveAs(const char* title, const std::string& fileName, const char* saved) {
     HWND dialog = WaitForDialog(title);
     SetText(dialog, IDC_SAVE_NAME, fileName);
-    Press(dialog, IDOK, fileName.empty() ? false : true);
+    Press(dialog, IDOK, !fileName.empty());
     Answer(saved);
 }
 
 DWORD Program::Close(bool asksToSave, int command) {
-    if (command)
-        Command(command);
-    else
-        PostMessageA(window, WM_CLOSE, 0, 0);
+    PostMessageA(window, command ? WM_COMMAND : WM_CLOSE, command, 0);
     if (asksToSave) Answer("Save current game?", IDNO);
     return WaitForExit();
 }
 
 DWORD Program::WaitForExit() {
-    const int limit = 2 * ShortWait;
-    if (!WaitUntil([this] { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }, limit))
-        Abort(name + " ends", "still running after " + std::to_string(limit) + " ms");
-    DWORD code = 0;
-    GetExitCodeProcess(process, &code);
-    return code;
+    if (!WaitUntil([this] { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }, 2 * ShortWait))
+        Abort("velok3.exe ends");
+    return ExitCode(process);
 }
 
 std::string ReadWholeFile(const std::string& path) {
@@ -334,23 +275,15 @@ void WriteWholeFile(const std::string& path, const std::string& bytes) {
     if (!(std::ofstream(path, std::ios::binary) << bytes)) Abort("file " + path + " written");
 }
 
-std::string CrLf(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\r\n";
-    return text;
-}
-
 std::vector<std::string> FilesMatching(const std::string& pattern) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found{};
     HANDLE search = FindFirstFileA(pattern.c_str(), &found);
-    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileA(search, &found)) {
-        const std::string name = found.cFileName;
-        if (name != "." && name != "..")
-            names.push_back(name + (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? "/" : ""));
-    }
-    if (search != INVALID_HANDLE_VALUE) FindClose(search);
+    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileA(search, &found))
+        if (found.cFileName[0] != '.')
+            names.push_back(found.cFileName +
+                            std::string(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? "/" : ""));
+    FindClose(search);
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -360,15 +293,6 @@ std::string Join(const std::vector<std::string>& items) {
     for (const std::string& item : items)
         joined += (joined.empty() ? "" : "|") + item;
     return joined;
-}
-
-std::string SettingsFileName() {
-    Program program;
-    program.Start("velok3.exe, to learn the settings file's name");
-    program.Close(false);
-    const auto found = FilesMatching("velok-3 {*}.ini");
-    if (found.empty()) Abort("the settings file is written at exit");
-    return found.front();
 }
 
 } // namespace e2e

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <utility>
 
 #include "e2e.h"
@@ -29,47 +28,14 @@ Image ImageOf(HBITMAP bitmap) {
     HDC screen = GetDC(nullptr);
     GetDIBits(screen, bitmap, 0, shape.bmHeight, rows.data(), &info, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
-    Image image{shape.bmWidth, shape.bmHeight, {}};
-    for (int y = 0; y < image.height; ++y)
-        image.bgr.insert(image.bgr.end(), rows.begin() + y * PaddedRow(image.width),
-                         rows.begin() + y * PaddedRow(image.width) + image.width * 3);
-    return image;
-}
-
-// A skin bitmap as the board shows it: at full size as it is, smaller scaled with HALFTONE onto a
-// second copy of itself, as the program scales it, so that the same Wine code makes the same pixels.
-Image Scaled(const std::function<HBITMAP()>& load, int tileSize) {
-    HBITMAP skin = load(), canvas = tileSize == 64 ? nullptr : load();
-    if (canvas) {
-        HDC screen = GetDC(nullptr);
-        HDC source = CreateCompatibleDC(screen), target = CreateCompatibleDC(screen);
-        HGDIOBJ oldSource = SelectObject(source, skin), oldTarget = SelectObject(target, canvas);
-        SetStretchBltMode(target, HALFTONE);
-        SetBrushOrgEx(target, 0, 0, nullptr);
-        StretchBlt(target, 0, 0, 10 * tileSize, 7 * tileSize, source, 0, 0, 640, 448, SRCCOPY);
-        SelectObject(source, oldSource);
-        SelectObject(target, oldTarget);
-        DeleteDC(source);
-        DeleteDC(target);
-        ReleaseDC(nullptr, screen);
-        std::swap(skin, canvas);
-        DeleteObject(canvas);
-    }
-    Image image = skin ? ImageOf(skin) : Image{};
-    DeleteObject(skin);
-    return image;
-}
-
-int PieceRow(char piece) {
-    const char* found = std::strchr(".pnbrqk", piece | 0x20);
-    return found && piece != '.' ? static_cast<int>(found - ".pnbrqk") : 0;
+    return {shape.bmWidth, shape.bmHeight, rows};
 }
 
 } // namespace
 
 COLORREF Image::Pixel(int x, int y) const {
     if (x < 0 || y < 0 || x >= width || y >= height) return CLR_INVALID;
-    const unsigned char* p = &bgr[(static_cast<size_t>(y) * width + x) * 3];
+    const unsigned char* p = &bgr[static_cast<size_t>(y) * PaddedRow(width) + x * 3];
     return RGB(p[2], p[1], p[0]);
 }
 
@@ -97,20 +63,16 @@ Image CaptureWindow(HWND window, bool withMenuAndCaption) {
 }
 
 bool SaveBmp(const Image& image, const std::string& path) {
-    const DWORD pixelBytes = static_cast<DWORD>(PaddedRow(image.width)) * image.height;
+    const DWORD row = PaddedRow(image.width);
     BITMAPFILEHEADER file{0x4D42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
-    file.bfSize = file.bfOffBits + pixelBytes;
-    BITMAPINFOHEADER header = Header(image.width, -image.height); // bottom up, as every reader takes it
-    std::vector<unsigned char> rows(pixelBytes, 0);
-    for (int y = 0; y < image.height; ++y)
-        std::copy_n(image.bgr.begin() + static_cast<size_t>(y) * image.width * 3, image.width * 3,
-                    rows.begin() + static_cast<size_t>(image.height - 1 - y) * PaddedRow(image.width));
+    file.bfSize = file.bfOffBits + row * image.height;
+    const BITMAPINFOHEADER header = Header(image.width, -image.height); // bottom up, as every reader takes it
     FILE* out = std::fopen(path.c_str(), "wb");
-    if (!out) return false;
-    const bool written = std::fwrite(&file, sizeof file, 1, out) == 1 &&
-                         std::fwrite(&header, sizeof header, 1, out) == 1 &&
-                         std::fwrite(rows.data(), 1, rows.size(), out) == rows.size();
-    return std::fclose(out) == 0 && written;
+    bool written = out && std::fwrite(&file, sizeof file, 1, out) == 1 &&
+                   std::fwrite(&header, sizeof header, 1, out) == 1;
+    for (int y = image.height - 1; y >= 0 && written; --y)
+        written = std::fwrite(&image.bgr[y * row], 1, row, out) == row;
+    return out && std::fclose(out) == 0 && written;
 }
 
 int PixelsNear(const Image& image, const RECT& area, COLORREF colour, int tolerance) {
@@ -135,18 +97,29 @@ int PixelsDiffering(const Image& a, int ax, int ay, const Image& b, int bx, int 
 }
 
 Image LoadSkin(int number, int tileSize) {
+    // Smaller tiles are scaled with HALFTONE onto a second copy of the skin, as the program scales
+    // them, so that the same Wine code makes the same pixels.
     HMODULE module = LoadLibraryExA(".\\velok3.exe", nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    Image skin =
-        Scaled([&] { return LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number)); }, tileSize);
-    if (module) FreeLibrary(module);
-    if (skin.width != 640) Abort("stock skin " + std::to_string(number) + " readable from velok3.exe");
-    return skin;
-}
-
-Image LoadSkinFile(const char* path) {
-    return Scaled(
-        [&] { return static_cast<HBITMAP>(LoadImageA(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE)); },
-        64);
+    HBITMAP skin = LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number));
+    HBITMAP canvas = LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number));
+    HDC screen = GetDC(nullptr);
+    HDC source = CreateCompatibleDC(screen), target = CreateCompatibleDC(screen);
+    HGDIOBJ oldSource = SelectObject(source, skin), oldTarget = SelectObject(target, canvas);
+    SetStretchBltMode(target, HALFTONE);
+    SetBrushOrgEx(target, 0, 0, nullptr);
+    if (tileSize != 64)
+        StretchBlt(target, 0, 0, 10 * tileSize, 7 * tileSize, source, 0, 0, 640, 448, SRCCOPY);
+    SelectObject(source, oldSource);
+    SelectObject(target, oldTarget);
+    DeleteDC(source);
+    DeleteDC(target);
+    ReleaseDC(nullptr, screen);
+    const Image image = canvas ? ImageOf(canvas) : Image{};
+    DeleteObject(skin);
+    DeleteObject(canvas);
+    FreeLibrary(module);
+    if (image.width != 640) Abort("stock skin " + std::to_string(number) + " readable from velok3.exe");
+    return image;
 }
 
 int PanelTextWidth(const std::string& text) {
@@ -177,8 +150,9 @@ bool Board::Shows(const Image& shot, const std::string& square, char piece, int 
         column =
             ((x - origin) / tileSize + (y - origin) / tileSize) % 2 == 0 ? TileColumnLight : TileColumnDark;
     if (piece >= 'a' && piece <= 'z') column += BlackPieceColumnOffset;
+    const int row = piece == '.' ? 0 : static_cast<int>(std::strchr(".pnbrqk", piece | 0x20) - ".pnbrqk");
     // A preview's one-pixel frame is drawn over the board's last column and row.
-    return PixelsDiffering(shot, x, y, skin, column * tileSize, PieceRow(piece) * tileSize,
+    return PixelsDiffering(shot, x, y, skin, column * tileSize, row * tileSize,
                            std::min(tileSize, shot.width - 1 - x),
                            std::min(tileSize, shot.height - 1 - y)) == 0;
 }

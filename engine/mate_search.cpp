@@ -20,7 +20,7 @@ void OrderByPasses(const GameState& state, const MoveListEntry* list, Word n, Wo
 }
 
 inline MoveRecord* MakeMateMove(GameState& state, const MoveListEntry& move) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
     return record;
 }

@@ -131,7 +131,7 @@ MoveListEntry MoveAfterEarlyStop() {
     Word chosen = 0, chosenKey = 0;
     for (Word i = 0; n > 0 && game.enginePhase == 0 && i < n; ++i) {
         const MoveListEntry& m = moves[i];
-        MoveRecord* record = &game.history[game.plyCount];
+        MoveRecord* record = &game.history[CheckedIndex(game.plyCount, HistoryCapacity)];
         game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
         const Word key = -game.Evaluate();
         game.TakeBackMove(record);
@@ -146,7 +146,7 @@ MoveListEntry MoveAfterEarlyStop() {
 // The score of the chosen move as the root scored it. The think hands over its move and not its
 // score, so the move is searched once more, to the same depth and with no bound.
 Word ScoreOfMove(const MoveListEntry& m, Word rootDepth) {
-    MoveRecord* record = &game.history[game.plyCount];
+    MoveRecord* record = &game.history[CheckedIndex(game.plyCount, HistoryCapacity)];
     game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
     ++game.plyCount;
     const Word score = game.enginePhase == 0 ? game.SearchOpponentNode(rootDepth, ThinkerMated)

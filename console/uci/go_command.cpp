@@ -23,6 +23,8 @@ constexpr Word MateRootDepth = 2;
 // The longest perft the history has room for behind the longest game.
 constexpr Word MaxPerftDepth = SearchReserve;
 
+GoLimits goLimits{MaxLevel, MaxPerftDepth};
+
 struct GoRequest {
     Word level;
     bool waitForRelease; // "infinite" or "ponder": the best move waits for stop or ponderhit
@@ -196,8 +198,14 @@ Word LevelForDepth(Word plies) {
     return level;
 }
 
+void SetGoLimits(const GoLimits& limits) {
+    goLimits = limits;
+}
+
 void RunGo(const std::string& arguments, Word optionLevel) {
-    const GoRequest request = ReadGoRequest(arguments, optionLevel);
+    GoRequest request = ReadGoRequest(arguments, optionLevel);
+    request.level = std::min(request.level, goLimits.highestLevel);
+    request.perftDepth = std::min(request.perftDepth, goLimits.deepestPerft);
     if (request.refused) {
         Report("go perft needs a depth from 1 to " + std::to_string(MaxPerftDepth));
         return;

@@ -46,7 +46,7 @@ void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntr
         const MoveListEntry& move = list[i];
         state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
         const Word score = EvaluateAfterMove(state, *record, before);
-        order[i] = {i, thinkerNode ? -score : score};
+        order[CheckedIndex(i, MoveBufferCapacity)] = {i, thinkerNode ? -score : score};
         state.TakeBackMove(record);
     }
     // This exact exchange sort decides the order of equal keys, on which the choice rests.

@@ -1,6 +1,7 @@
 // Fuzz target for the settings file reader: any bytes the file may hold must give settings within
 // their ranges, which the writer writes and the reader reads back to the same settings.
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 
 #include "records/settings_file.h"
@@ -8,12 +9,11 @@
 
 namespace {
 
-// A skin file name is written as it stands, so one that the reader would trim or unquote, which
-// no real file name needs, reads back otherwise.
+// A skin file name is written as it stands, so one with a blank or a quote at its ends (which a
+// zero byte dropped from a binary file can bring there) reads back trimmed or unquoted.
 bool WritesBackAsItStands(const Text& name) {
-    const char first = name.CharAt(0), last = name.CharAt(name.Length() - 1);
-    return first != '"' && first != '\'' && first != ' ' && first != '\t' && last != ' ' && last != '\t' &&
-           last != '\r';
+    return !std::strchr(" \t\r\n\"'", name.CharAt(0)) &&
+           !std::strchr(" \t\r\n", name.CharAt(name.Length() - 1));
 }
 
 } // namespace

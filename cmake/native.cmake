@@ -6,12 +6,17 @@ add_executable(velok3-demo ${CMAKE_SOURCE_DIR}/console/demo_main.cpp)
 target_link_libraries(velok3-demo PRIVATE velok3_console_host)
 
 if(VELOK3_UCI_SOURCES)
-  add_executable(velok3-uci ${VELOK3_UCI_SOURCES})
-  target_link_libraries(velok3-uci PRIVATE velok3_console_host)
+  # The UCI session as a library, shared by the program and the UCI fuzz target.
+  set(VELOK3_UCI_MAIN ${CMAKE_SOURCE_DIR}/console/uci/uci_main.cpp)
+  list(REMOVE_ITEM VELOK3_UCI_SOURCES ${VELOK3_UCI_MAIN})
+  add_library(velok3_uci STATIC ${VELOK3_UCI_SOURCES})
+  target_link_libraries(velok3_uci PUBLIC velok3_console_host)
+  add_executable(velok3-uci ${VELOK3_UCI_MAIN})
+  target_link_libraries(velok3-uci PRIVATE velok3_uci)
   # g++ 12 at -O3 reports overlapping copies inside std::string's own appends (a known false
   # positive of -Wrestrict); the UCI code builds its lines from strings throughout.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(velok3-uci PRIVATE -Wno-restrict)
+    target_compile_options(velok3_uci PRIVATE -Wno-restrict)
   endif()
 endif()
 
@@ -49,12 +54,20 @@ if(VELOK3_FUZZ)
   # Coverage counters in the library too, so that the fuzzer is guided by the code under test and
   # not by the small target alone.
   target_compile_options(velok3_portable PRIVATE -fsanitize=fuzzer-no-link)
+  target_compile_options(velok3_uci PRIVATE -fsanitize=fuzzer-no-link)
+  # The file readers run against the recording double of the host; the UCI commands against
+  # the console host, as velok3-uci does.
   foreach(source ${VELOK3_FUZZ_SOURCES})
     get_filename_component(name ${source} NAME_WE)
-    add_executable(${name} ${source} ${CMAKE_SOURCE_DIR}/tests/double/host_double.cpp)
+    add_executable(${name} ${source})
     target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-    target_link_libraries(${name} PRIVATE velok3_portable)
+    if(name STREQUAL "fuzz_uci_commands")
+      target_link_libraries(${name} PRIVATE velok3_uci)
+    else()
+      target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/double/host_double.cpp)
+      target_link_libraries(${name} PRIVATE velok3_portable)
+    endif()
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   endforeach()
 endif()

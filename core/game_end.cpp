@@ -137,10 +137,10 @@ Word GameState::IsThreefoldRepetition() {
     for (Word row = 0; row < 8; ++row)
         for (Word file = 0; file < 8; ++file)
             placement.cells[file + 8 * row] = PlacementCode(board[row][file].piece, board[row][file].colour);
-    positionTrail[plies] = placement;
+    positionTrail[CheckedIndex(plies, HistoryCapacity + 1)] = placement;
     for (Word i = plies - 1; i >= 0; --i) {
         TakeBackOnPlacement(placement, history[i]);
-        positionTrail[i] = placement;
+        positionTrail[CheckedIndex(i, HistoryCapacity + 1)] = placement;
     }
     // Some entry equal to two earlier ones is the same as some placement standing thrice.
     return AnyPlacementThrice(positionTrail, plies) ? 1 : 0;

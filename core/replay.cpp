@@ -14,8 +14,8 @@ void ReplayStart(const GameState& source, GameState& scratch) {
 
 void ReplayRecord(const GameState& source, Word index, GameState& scratch) {
     const MoveRecord& record = source.history[index];
-    scratch.MakeMove(&scratch.history[index], record.fromFile, record.fromRow, record.toFile, record.toRow,
-                     Silent, record.placedPiece);
+    scratch.MakeMove(&scratch.history[CheckedIndex(index, HistoryCapacity)], record.fromFile, record.fromRow,
+                     record.toFile, record.toRow, Silent, record.placedPiece);
     scratch.plyCount = index + 1;
     scratch.sideToMove = Opposite(scratch.sideToMove);
 }

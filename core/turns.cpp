@@ -12,7 +12,8 @@ void GameState::PlayChosenMove(const ListHandle* listHandle) {
     // The marks have served their purpose once the move is known.
     ClearMarks(MarkNone);
     // A human promotes through the dialog; the queen is only for a computer side.
-    MakeMove(&history[plyCount], fromFile, fromRow, toFile, toRow, AskPromotion, Queen);
+    MakeMove(&history[CheckedIndex(plyCount, HistoryCapacity)], fromFile, fromRow, toFile, toRow,
+             AskPromotion, Queen);
     ++plyCount;
     RebuildMovesList(listHandle);
     // A game from a set-up position was marked unsaved when the position was confirmed.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
 
 using Word = std::int32_t;
 
@@ -32,9 +33,12 @@ enum Capacity : Word {
     // the mating search six. The history keeps room for them beyond the longest game.
     SearchReserve = 16,
     HistoryCapacity = MaxGamePlies + SearchReserve,
-    // A legal position has at most 218 moves; every move buffer holds that many and more,
-    // so no generator needs a bounds test.
-    MoveBufferCapacity = 256,
+    // The readers let any placement through to the game-end test, legal or not (28 queens round
+    // the edge have 288 moves). Every listed move joins its square to one a queen or a knight
+    // could reach from there, and such a pair of squares carries a move one way at most, since
+    // one end holds a piece of the mover and the other does not: the board has 896 such pairs.
+    // So no placement fills a move buffer, and no generator needs a bounds test.
+    MoveBufferCapacity = 896,
     OpeningMoveCount = 7,
     SideNameBytes = 52,
 };
@@ -55,5 +59,17 @@ enum ScoreBound : Word {
     NodeStartLow = -1000000,
     RepetitionLimit = 500,
 };
+
+// The index of a write into a fixed buffer of `capacity` entries. The sanitizer and fuzz builds
+// abort on an index outside the buffer, which AddressSanitizer misses when the buffer is a
+// member with more of its object behind it; other builds take the index as it is, at no cost.
+inline Word CheckedIndex(Word index, Word capacity) {
+#ifdef VELOK3_CHECKED_WRITES
+    if (index < 0 || index >= capacity) std::abort();
+#else
+    (void)capacity;
+#endif
+    return index;
+}
 
 constexpr Word Opposite(Word colour) { return !colour; }

@@ -9,18 +9,19 @@ namespace {
 void OrderByPasses(const GameState& state, const MoveListEntry* list, Word n, Word* order) {
     Word placed = 0;
     for (Word i = 0; i < n; ++i)
-        if (state.board[list[i].toRow][list[i].toFile].piece != PieceNone) order[placed++] = i;
+        if (state.board[list[i].toRow][list[i].toFile].piece != PieceNone)
+            order[CheckedIndex(placed++, MoveBufferCapacity)] = i;
     for (Word pass = 2; pass <= 3; ++pass)
         for (Word i = 0; i < n; ++i) {
             if (state.board[list[i].toRow][list[i].toFile].piece != PieceNone) continue;
             const Word mover = state.board[list[i].fromRow][list[i].fromFile].piece;
             const bool light = mover == Bishop || mover == Knight || mover == Pawn || mover == King;
-            if (light == (pass == 2)) order[placed++] = i;
+            if (light == (pass == 2)) order[CheckedIndex(placed++, MoveBufferCapacity)] = i;
         }
 }
 
 inline MoveRecord* MakeMateMove(GameState& state, const MoveListEntry& move) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
     return record;
 }

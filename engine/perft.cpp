@@ -17,7 +17,7 @@ template <bool Bulk> std::uint64_t Walk(GameState& state, Word depth);
 // Plays one move with the given promotion piece, counts the tree below it and takes it back.
 template <bool Bulk>
 std::uint64_t CountBelow(GameState& state, const MoveListEntry& m, Word piece, Word depth) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, piece);
     ++state.plyCount;
     state.sideToMove = Opposite(state.sideToMove);

@@ -7,7 +7,7 @@ namespace {
 
 // Plays list entry `move` into the next history record, as every search move is played.
 inline MoveRecord* MakeSearchMove(GameState& state, const MoveListEntry& move) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
     return record;
 }
@@ -40,13 +40,13 @@ Word LeafScore(GameState& state, const ScoredPosition& before) {
 } // namespace
 
 void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntry* order, Word thinkerNode) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     const ScoredPosition before = ScorePosition(state);
     for (Word i = 0; i < n; ++i) {
         const MoveListEntry& move = list[i];
         state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
         const Word score = EvaluateAfterMove(state, *record, before);
-        order[i] = {i, thinkerNode ? -score : score};
+        order[CheckedIndex(i, MoveBufferCapacity)] = {i, thinkerNode ? -score : score};
         state.TakeBackMove(record);
     }
     // This exact exchange sort decides the order of equal keys, on which the choice rests.

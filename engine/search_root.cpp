@@ -6,7 +6,7 @@ namespace {
 
 // Whether playing `move` repeats a position for the third time, at once or after one reply.
 Word AllowsRepetition(GameState& state, const MoveListEntry& move) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
     ++state.plyCount;
     Word rep = state.IsThreefoldRepetition();
@@ -15,7 +15,7 @@ Word AllowsRepetition(GameState& state, const MoveListEntry& move) {
         const Word replies = state.moveCount;
         for (Word i = 0; i < replies && rep == 0; ++i) {
             const MoveListEntry& reply = state.rootMoves[i];
-            MoveRecord* replyRecord = &state.history[state.plyCount];
+            MoveRecord* replyRecord = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
             state.MakeMove(replyRecord, reply.fromFile, reply.fromRow, reply.toFile, reply.toRow, Silent,
                            Queen);
             ++state.plyCount;
@@ -31,7 +31,7 @@ Word AllowsRepetition(GameState& state, const MoveListEntry& move) {
 
 // The score of root move `move` from the opponent's side, within `bound`.
 Word ScoreRootMove(GameState& state, const MoveListEntry& move, Word depth, Word bound, RootSearch kind) {
-    MoveRecord* record = &state.history[state.plyCount];
+    MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
     ++state.searchNodes;
     ++state.plyCount;

@@ -42,8 +42,8 @@ void HandOver(GameState& state) {
 // The first move of a game: one of the seven of the table, drawn at random.
 void PlayOpeningMove(GameState& state) {
     const MoveListEntry& move = state.openingMoves[std::rand() % OpeningMoveCount];
-    state.MakeMove(&state.history[state.plyCount], move.fromFile, move.fromRow, move.toFile, move.toRow,
-                   Silent, Queen);
+    state.MakeMove(&state.history[CheckedIndex(state.plyCount, HistoryCapacity)], move.fromFile, move.fromRow,
+                   move.toFile, move.toRow, Silent, Queen);
     ++state.plyCount;
     state.ClearMarks(MarkNone);
     HandOver(state);
@@ -141,7 +141,8 @@ void GameState::ThinkDriver() {
 
     // A pawn on the last row becomes a queen without a dialog.
     ClearMarks(MarkNone);
-    MakeMove(&history[plyCount], fromFile, fromRow, toFile, toRow, Silent, Queen);
+    MakeMove(&history[CheckedIndex(plyCount, HistoryCapacity)], fromFile, fromRow, toFile, toRow, Silent,
+             Queen);
 
     // Recorded, then handed over; the think is over.
     ++plyCount;

@@ -39,9 +39,9 @@ void CutTokens(Text moves, Text (&tokens)[MaxTokens]) {
         const Word dot = moves.Find('.', 0);
         if (dot < 0) break;
         moves.Mid(dot + 1);
-        if (!TakeToken(moves, tokens[count])) break;
+        if (!TakeToken(moves, tokens[CheckedIndex(count, MaxTokens)])) break;
         ++count;
-        if (!TakeToken(moves, tokens[count])) break;
+        if (!TakeToken(moves, tokens[CheckedIndex(count, MaxTokens)])) break;
         ++count;
     }
 }
@@ -83,7 +83,8 @@ Word TakePromotion(Text& token) {
 bool PlayCastling(GameState& state, Word toFile) {
     const Word row = state.sideToMove == White ? 0 : 7;
     if (!state.CanMovePiece(King, 4, row, toFile, row)) return false;
-    state.MakeMove(&state.history[state.plyCount], 4, row, toFile, row, Silent, PieceNone);
+    state.MakeMove(&state.history[CheckedIndex(state.plyCount, HistoryCapacity)], 4, row, toFile, row, Silent,
+                   PieceNone);
     ++state.plyCount;
     return true;
 }
@@ -144,7 +145,8 @@ bool PlayToken(GameState& state, Text token) {
     const Word lastRow = state.sideToMove == White ? 7 : 0;
     if (piece == Pawn && toRow == lastRow && promotion == PieceNone) promotion = Queen;
 
-    state.MakeMove(&state.history[state.plyCount], fromFile, fromRow, toFile, toRow, Silent, promotion);
+    state.MakeMove(&state.history[CheckedIndex(state.plyCount, HistoryCapacity)], fromFile, fromRow, toFile,
+                   toRow, Silent, promotion);
     ++state.plyCount;
     return true;
 }
@@ -159,7 +161,8 @@ void ReadName(const Text& text, const char* tag, const char* defaultName, SideRe
         const Word length = quote - start < MaxNameLength ? quote - start : MaxNameLength;
         name.AssignRange(text, start, length);
     }
-    CopyChars(name.Chars(), side.name, name.Length(), 0, 0);
+    // The terminating zero lands at the name's length, which must lie inside the record.
+    CopyChars(name.Chars(), side.name, CheckedIndex(name.Length(), SideNameBytes), 0, 0);
     side.kind = name.Equals(ComputerName) ? SideComputer : SideHuman;
 }
 

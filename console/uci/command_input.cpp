@@ -20,14 +20,27 @@ bool stopRequested = false;
 bool ponderhit = false;
 bool quitRequested = false;
 
-// Acts on a line that concerns the running search; false when the line must wait. The quit
-// line stays queued (the caller keeps it) so that the main loop ends after the search.
-bool HandleWhileBusy(const std::string& line) {
+// True when a "go" waits in the queue: the lines behind it belong to that later search.
+bool SearchQueued() {
+    for (const std::string& line : queue)
+        if (FirstWord(line) == "go") return true;
+    return false;
+}
+
+// Acts on a line that concerns the running search; false when the line must wait. A stop or a
+// ponderhit behind a queued "go" is for that search and waits for it. The quit line stays
+// queued (the caller keeps it) so that the main loop ends after the search.
+bool HandleWhileBusy(const std::string& line, bool searchQueued) {
     const std::string word = FirstWord(line);
+    if (word == "quit") {
+        stopRequested = quitRequested = true;
+        return false;
+    }
     if (word == "isready") {
         ConsoleWriteLine("readyok");
         return true;
     }
+    if (searchQueued) return false;
     if (word == "stop") {
         stopRequested = true;
         return true;
@@ -36,28 +49,15 @@ bool HandleWhileBusy(const std::string& line) {
         ponderhit = true;
         return true;
     }
-    if (word == "quit") stopRequested = quitRequested = true;
     return false;
-}
-
-// Hands one line over from the reader, under the lock.
-void Accept(std::string line) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    const std::lock_guard<std::mutex> hold(lock);
-    if (busy && HandleWhileBusy(line)) {
-        arrived.notify_all();
-        return;
-    }
-    queue.push_back(std::move(line));
-    arrived.notify_all();
 }
 
 // The reader thread: every line of the input, then a quit at its end.
 void ReadLines() {
     std::string line;
     while (std::getline(std::cin, line))
-        Accept(line);
-    Accept("quit");
+        QueueCommand(line);
+    QueueCommand("quit");
 }
 
 } // namespace
@@ -67,6 +67,23 @@ std::string FirstWord(const std::string& line) {
     if (start == std::string::npos) return "";
     const std::size_t end = line.find_first_of(" \t", start);
     return line.substr(start, end == std::string::npos ? std::string::npos : end - start);
+}
+
+void QueueCommand(std::string line) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::lock_guard<std::mutex> hold(lock);
+    if (busy && HandleWhileBusy(line, SearchQueued())) {
+        arrived.notify_all();
+        return;
+    }
+    queue.push_back(std::move(line));
+    arrived.notify_all();
+}
+
+void ClearCommands() {
+    const std::lock_guard<std::mutex> hold(lock);
+    queue.clear();
+    busy = stopRequested = ponderhit = quitRequested = false;
 }
 
 void StartCommandInput() {
@@ -87,10 +104,17 @@ void BeginBusy() {
     const std::lock_guard<std::mutex> hold(lock);
     busy = true;
     stopRequested = ponderhit = false;
-    // Lines queued right behind the "go" belong to this search; the first other line, and
-    // everything after it, waits for the search to end.
-    while (!queue.empty() && HandleWhileBusy(queue.front()))
-        queue.pop_front();
+    // What came in while the "go" waited in the queue: the lines for this search act now, all
+    // others stay in their order. Reading goes on meanwhile, so nothing can hold back a stop.
+    bool searchQueued = false;
+    for (auto line = queue.begin(); line != queue.end();) {
+        if (HandleWhileBusy(*line, searchQueued)) {
+            line = queue.erase(line);
+        } else {
+            searchQueued = searchQueued || FirstWord(*line) == "go";
+            ++line;
+        }
+    }
 }
 
 void EndBusy() {

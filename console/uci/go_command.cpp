@@ -23,6 +23,8 @@ constexpr Word MateRootDepth = 2;
 // The longest perft the history has room for behind the longest game.
 constexpr Word MaxPerftDepth = SearchReserve;
 
+GoLimits goLimits{MaxLevel, MaxPerftDepth};
+
 struct GoRequest {
     Word level;
     bool waitForRelease; // "infinite" or "ponder": the best move waits for stop or ponderhit
@@ -131,7 +133,7 @@ MoveListEntry MoveAfterEarlyStop() {
     Word chosen = 0, chosenKey = 0;
     for (Word i = 0; n > 0 && game.enginePhase == 0 && i < n; ++i) {
         const MoveListEntry& m = moves[i];
-        MoveRecord* record = &game.history[game.plyCount];
+        MoveRecord* record = &game.history[CheckedIndex(game.plyCount, HistoryCapacity)];
         game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
         const Word key = -game.Evaluate();
         game.TakeBackMove(record);
@@ -146,7 +148,7 @@ MoveListEntry MoveAfterEarlyStop() {
 // The score of the chosen move as the root scored it. The think hands over its move and not its
 // score, so the move is searched once more, to the same depth and with no bound.
 Word ScoreOfMove(const MoveListEntry& m, Word rootDepth) {
-    MoveRecord* record = &game.history[game.plyCount];
+    MoveRecord* record = &game.history[CheckedIndex(game.plyCount, HistoryCapacity)];
     game.MakeMove(record, m.fromFile, m.fromRow, m.toFile, m.toRow, Silent, Queen);
     ++game.plyCount;
     const Word score = game.enginePhase == 0 ? game.SearchOpponentNode(rootDepth, ThinkerMated)
@@ -196,8 +198,14 @@ Word LevelForDepth(Word plies) {
     return level;
 }
 
+void SetGoLimits(const GoLimits& limits) {
+    goLimits = limits;
+}
+
 void RunGo(const std::string& arguments, Word optionLevel) {
-    const GoRequest request = ReadGoRequest(arguments, optionLevel);
+    GoRequest request = ReadGoRequest(arguments, optionLevel);
+    request.level = std::min(request.level, goLimits.highestLevel);
+    request.perftDepth = std::min(request.perftDepth, goLimits.deepestPerft);
     if (request.refused) {
         Report("go perft needs a depth from 1 to " + std::to_string(MaxPerftDepth));
         return;

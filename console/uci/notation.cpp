@@ -114,8 +114,8 @@ std::string PlayMoveInput(GameState& state, const MoveInput& input) {
             state.board[m.fromRow][m.fromFile].piece == Pawn && (m.toRow == 0 || m.toRow == 7);
         if (promotes && input.promotionPiece == PieceNone) return "a promotion needs the piece letter";
         if (!promotes && input.promotionPiece != PieceNone) return "only a promotion takes a piece letter";
-        state.MakeMove(&state.history[state.plyCount], m.fromFile, m.fromRow, m.toFile, m.toRow, Silent,
-                       input.promotionPiece);
+        state.MakeMove(&state.history[CheckedIndex(state.plyCount, HistoryCapacity)], m.fromFile, m.fromRow,
+                       m.toFile, m.toRow, Silent, input.promotionPiece);
         ++state.plyCount;
         state.sideToMove = Opposite(state.sideToMove);
         return "";

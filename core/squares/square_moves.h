@@ -16,7 +16,7 @@ VELOK_INLINE void GameState::TryMove(MoveListEntry* buffer, Word colour) {
     f.piece = PieceNone;
     const Word attacked = KingMoves ? SquareAttackTest<To>(colour) : IsSquareAttacked(colour, kingFile, kingRow);
     if (!attacked) {
-        buffer[moveCount] = {FileOf(From), RowOf(From), FileOf(To), RowOf(To)};
+        buffer[CheckedIndex(moveCount, MoveBufferCapacity)] = {FileOf(From), RowOf(From), FileOf(To), RowOf(To)};
         ++moveCount;
     }
     f.piece = t.piece;
@@ -79,7 +79,7 @@ VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
         BoardCell& landing = board[row + ahead][file + Df];
         BoardCell& victim = board[row][file + Df];
         BoardCell& capturer = board[row][file];
-        buffer[moveCount] = {file, row, file + Df, row + ahead};
+        buffer[CheckedIndex(moveCount, MoveBufferCapacity)] = {file, row, file + Df, row + ahead};
         landing.piece = Pawn;
         landing.colour = colour;
         capturer.piece = PieceNone;
@@ -118,7 +118,7 @@ VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
             row[file].piece = PieceNone;
             row[4].piece = King;
         }
-        if (safe) buffer[moveCount++] = {4, Row, 6, Row};
+        if (safe) buffer[CheckedIndex(moveCount++, MoveBufferCapacity)] = {4, Row, 6, Row};
     }
     if (row[0].piece == Rook && row[1].piece == PieceNone && row[2].piece == PieceNone &&
         row[3].piece == PieceNone && !HistoryLeaves(0, Row)) {
@@ -133,7 +133,7 @@ VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
             row[file].piece = PieceNone;
             row[4].piece = King;
         }
-        if (safe) buffer[moveCount++] = {4, Row, 2, Row};
+        if (safe) buffer[CheckedIndex(moveCount++, MoveBufferCapacity)] = {4, Row, 2, Row};
     }
 }
 

@@ -1,11 +1,11 @@
 // Fuzz target for the game file reader: any text of up to 4096 bytes, as the load dialog would
 // hand it over, must parse without fault into a game that the writer writes back to the same game.
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "records/game_file.h"
+#include "fuzz/require.h"
 
 namespace {
 
@@ -13,10 +13,6 @@ constexpr std::size_t MaxFileBytes = 4096;
 // Writing a game costs a game-end test per ply that grows with the square of its length; longer
 // games are checked by the reader's own invariants only, to keep the runs quick.
 constexpr Word MaxPliesWrittenBack = 120;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
 
 bool SameMoves(const GameState& a, const GameState& b) {
     if (a.plyCount != b.plyCount) return false;

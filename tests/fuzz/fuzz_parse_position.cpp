@@ -1,18 +1,14 @@
 // Fuzz target for the position file reader: any text of up to 4096 bytes must parse without
 // fault, and what lands on the board must be written and read back to the same position.
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "records/position_file.h"
+#include "fuzz/require.h"
 
 namespace {
 
 constexpr std::size_t MaxFileBytes = 4096;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
 
 bool SamePlacement(const GameState& a, const GameState& b) {
     for (Word row = 0; row < 8; ++row)

@@ -1,7 +1,13 @@
-// Test helpers for setting up positions and walking the move tree.
+// Test helpers: positions set up from FEN fields, moves played directly or by clicks, and the
+// names and files the tests compare.
 #include "support/board_setup.h"
 
 #include <cctype>
+#include <cstring>
+#include <sstream>
+
+#include "double/host_double.h"
+#include "records/game_file.h"
 
 void SetUpBoard(GameState& state, const std::string& fen) {
     state.ResetGameState(ResetEmpty);
@@ -77,6 +83,63 @@ bool PlayMove(GameState& state, const std::string& move, Word promotion) {
         }
     }
     return false;
+}
+
+void SetUpGame(GameState& state, const std::string& fen) {
+    SetUpBoard(state, fen);
+    state.setupStart = 1;
+    state.gameActive = 1;
+    std::memcpy(static_cast<void*>(state.startBoard), state.board, sizeof state.startBoard);
+}
+
+bool PlayLine(GameState& state, const std::string& line) {
+    state.ResetGameState(ResetStartPosition);
+    std::istringstream moves(line);
+    for (std::string move; moves >> move;) {
+        const Word promotion =
+            move.size() < 5 ? Queen : static_cast<Word>(std::string("?pnbrq").find(move[4]));
+        if (!PlayMove(state, move.substr(0, 4), promotion)) return false;
+    }
+    return true;
+}
+
+namespace {
+int clickListControl;
+}
+
+ListHandle clickList = &clickListControl;
+
+bool ClickMove(GameState& state, const std::string& move) {
+    const Word fromFile = move[0] - 'a', fromRow = move[1] - '1', toFile = move[2] - 'a',
+               toRow = move[3] - '1';
+    state.MarkLegalTargets(state.sideToMove, fromFile, fromRow);
+    if (state.legalTargetCount == 0 || !state.board[toRow][toFile].legalTarget) return false;
+    state.board[fromRow][fromFile].mark = MarkFrom;
+    state.board[toRow][toFile].mark = MarkTo;
+    state.PlayChosenMove(&clickList);
+    return true;
+}
+
+std::size_t ClickMoves(GameState& state, const std::vector<std::string>& moves) {
+    std::size_t played = 0;
+    while (played < moves.size() && ClickMove(state, moves[played]))
+        ++played;
+    return played;
+}
+
+const std::vector<std::string>& ClickListRows() {
+    return Host().lists[clickList].rows;
+}
+
+std::string Str(const Text& text) {
+    return std::string(text.Chars(), text.Length());
+}
+
+std::string GameFileOf(GameState& state, const LocalTime& date) {
+    Text text = GameFileHeader(state, date,
+                               ResultText(state.CheckGameEnd(state.sideToMove, NoMessage), state.sideToMove));
+    text.AppendText(GameFileMoves(state, state.plyCount));
+    return Str(text);
 }
 
 std::string SquareName(int file, int row) {

@@ -123,9 +123,8 @@ SelectedFile Opened(const std::string& bytes) {
 }
 
 GameState source, preview, target;
-ListHandle list = &listControl;
 
-TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNot) {
+TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNotAndTheButtonsFollow) {
     ASSERT_TRUE(PlayLine(source, "e2e4 e7e5 g1f3"));
     const std::string game = GameFileOf(source), black = Str(PositionLine(source.board, Black));
     const std::string gameLetters = BoardLetters(source.board);
@@ -156,9 +155,8 @@ TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNot) {
     const std::string cut = std::string("1. e4 e5 ") + '\0' + "2. Nf3 ";
     PreviewSelectedFile(preview, LoadGames, Opened(cut));
     EXPECT_EQ(preview.plyCount, 2); // the text ends at the first zero byte
-}
 
-TEST(LoadFile, ButtonsNeedAReadFileOrForDeleteARow) {
+    // Load needs a file that was read, Delete a selected row.
     preview.previewStatus = Text(FileNotSelectedText);
     LoadButtons buttons = LoadButtonStates(preview, 0, -1);
     EXPECT_FALSE(buttons.loadEnabled || buttons.deleteEnabled);
@@ -172,42 +170,32 @@ TEST(LoadFile, ButtonsNeedAReadFileOrForDeleteARow) {
 }
 
 TEST(LoadFile, SavedGameLoadsBackWithItsListNamesClocksAndLevel) {
-    ResetHost();
-    ASSERT_TRUE(PlayLine(source, "e2e4 e7e5 g1f3 b8c6 f1b5 a7a6 b5c6 d7c6 e1g1 c8g4 d2d3"));
-    std::strcpy(source.sides[Black].name, ComputerName);
-    source.sides[Black].kind = SideComputer;
-    source.level = 2;
-    source.sides[White].clockSeconds = 65;
-    source.gameActive = source.gameDirty = 1;
-    movesListWindow = list;
-    source.RebuildMovesList(&list);
-    const std::vector<std::string> rows = Host().lists[list].rows;
-    Host().saveNames = {"mine"};
-    source.SaveGame();
+    Running("", "e2e4 e7e5 g1f3 b8c6 f1b5 a7a6 b5c6 d7c6 e1g1 c8g4 d2d3");
+    g.level = 2;
+    g.sides[White].clockSeconds = 65;
+    const std::vector<std::string> rows = Host().lists[movesListWindow].rows;
+    g.SaveGame();
     target.sides[White].kind = SideComputer;
     target.setupStart = target.thinkPending = 1;
-    PreviewSelectedFile(preview, LoadGames, Opened(Host().files["mine.pgn"]));
-    LoadPreviewedGame(target, preview, LoadGames, &list);
-    EXPECT_EQ(Host().lists[list].rows, rows);
-    EXPECT_EQ(Host().lists[list].selection, 11);
-    EXPECT_EQ(BoardLetters(target.board), BoardLetters(source.board));
+    PreviewSelectedFile(preview, LoadGames, Opened(Host().files[gameName]));
+    LoadPreviewedGame(target, preview, LoadGames, &movesListWindow);
+    EXPECT_EQ(Host().lists[movesListWindow].rows, rows);
+    EXPECT_EQ(Host().lists[movesListWindow].selection, 11);
+    EXPECT_EQ(BoardLetters(target.board), BoardLetters(g.board));
     EXPECT_STREQ(target.sides[Black].name, ComputerName);
     EXPECT_TRUE(target.sides[Black].kind == SideComputer && target.sides[White].kind == SideHuman);
-    EXPECT_EQ(target.sides[White].clockSeconds, 65);
-    EXPECT_EQ(target.level, 2);
-    EXPECT_EQ(target.sideToMove, Black);
+    EXPECT_TRUE(target.sides[White].clockSeconds == 65 && target.level == 2 && target.sideToMove == Black);
     EXPECT_TRUE(target.gameActive == 1 && target.gameDirty == 0 && target.thinkPending == 0 &&
                 target.setupStart == 0);
     target.OfferToSave();
     EXPECT_TRUE(Host().questions.empty());
-    movesListWindow = nullptr;
 }
 
 TEST(LoadFile, PositionLoadsAsTheStartOfAnAnalysisForTwoPeople) {
     ResetHost();
     PreviewSelectedFile(preview, LoadPositions, Opened("4k3/8/8/8/8/8/q7/4K3 b - - 0 0\""));
-    LoadPreviewedGame(target, preview, LoadPositions, &list);
-    EXPECT_EQ(Host().lists[list].rows, std::vector<std::string>{" 0."});
+    LoadPreviewedGame(target, preview, LoadPositions, &movesListWindow);
+    EXPECT_EQ(Host().lists[movesListWindow].rows, std::vector<std::string>{" 0."});
     EXPECT_TRUE(target.setupStart == 1 && target.setupMode == 0 && target.plyCount == 0);
     EXPECT_TRUE(target.sideToMove == Black && target.setupFirstMover == Black);
     EXPECT_EQ(BoardLetters(target.startBoard), BoardLetters(target.board));

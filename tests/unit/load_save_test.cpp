@@ -193,6 +193,7 @@ TEST(LoadFile, SavedGameLoadsBackWithItsListNamesClocksAndLevel) {
 
 TEST(LoadFile, PositionLoadsAsTheStartOfAnAnalysisForTwoPeople) {
     ResetHost();
+    movesListWindow = &listControl;
     PreviewSelectedFile(preview, LoadPositions, Opened("4k3/8/8/8/8/8/q7/4K3 b - - 0 0\""));
     LoadPreviewedGame(target, preview, LoadPositions, &movesListWindow);
     EXPECT_EQ(Host().lists[movesListWindow].rows, std::vector<std::string>{" 0."});

@@ -79,4 +79,35 @@ TEST_P(SelfPlay, PlaysTheRecordedMovesWithTheRecordedScores) {
 INSTANTIATE_TEST_SUITE_P(Recorded, SelfPlay, ::testing::ValuesIn(Games),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// Every move of the side to move scored by a whole Evaluate one ply on, summed with its place in
+// the generated order: one recorded number per position that any table entry reached changes.
+TEST(OnePly, ScoresOfEveryMoveAreAsRecorded) {
+    const struct {
+        const char* fen;
+        long long sum;
+    } positions[] = {
+        {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq -", -410240},
+        {"4k3/pppppppp/8/8/8/8/PPPPPPP1/R3K2R w", -3928603}, // the short side barred to the king
+        {"4k3/pppppppp/8/8/8/8/PP1PPPPP/R3K2R w", -2484191}, // the long side barred
+        {"r1bq1rk1/2p1bppp/p1np1n2/1p2p3/4P3/1BP2N1P/PP1P1PP1/RNBQR1K1 b", -35301},
+    };
+    static GameState s;
+    for (const auto& p : positions) {
+        SetUpBoard(s, p.fen);
+        s.otherSide = Opposite(s.sideToMove);
+        s.PreparePieceSquare();
+        MoveListEntry moves[MoveBufferCapacity];
+        s.GenerateLegalMoves(moves, s.sideToMove);
+        long long sum = 0;
+        for (Word i = 0; i < s.moveCount; ++i) {
+            MoveRecord* record = &s.history[s.plyCount];
+            s.MakeMove(record, moves[i].fromFile, moves[i].fromRow, moves[i].toFile, moves[i].toRow, Silent,
+                       Queen);
+            sum += (i + 1) * static_cast<long long>(s.Evaluate());
+            s.TakeBackMove(record);
+        }
+        EXPECT_EQ(sum, p.sum) << p.fen;
+    }
+}
+
 } // namespace

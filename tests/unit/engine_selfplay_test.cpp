@@ -7,7 +7,7 @@
 #include "double/host_double.h"
 #include "engine/search.h"
 #include "engine/think_driver.h"
-#include "support/board_setup.h"
+#include "support/random_game.h"
 
 namespace {
 
@@ -84,16 +84,19 @@ INSTANTIATE_TEST_SUITE_P(Recorded, SelfPlay, ::testing::ValuesIn(Games),
 TEST(OnePly, ScoresOfEveryMoveAreAsRecorded) {
     const struct {
         const char* fen;
+        Word plies; // random plies played first: past ply 50 the kings seek the pawns
         long long sum;
     } positions[] = {
-        {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq -", -410240},
-        {"4k3/pppppppp/8/8/8/8/PPPPPPP1/R3K2R w", -3928603}, // the short side barred to the king
-        {"4k3/pppppppp/8/8/8/8/PP1PPPPP/R3K2R w", -2484191}, // the long side barred
-        {"r1bq1rk1/2p1bppp/p1np1n2/1p2p3/4P3/1BP2N1P/PP1P1PP1/RNBQR1K1 b", -35301},
+        {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq -", 0, -410240},
+        {"4k3/pppppppp/8/8/8/8/PPPPPPP1/R3K2R w", 0, -3928603}, // the short side barred to the king
+        {"4k3/pppppppp/8/8/8/8/PP1PPPPP/R3K2R w", 0, -2484191}, // the long side barred
+        {"r1bq1rk1/2p1bppp/p1np1n2/1p2p3/4P3/1BP2N1P/PP1P1PP1/RNBQR1K1 b", 0, -35301},
+        {"4k3/pp6/8/8/8/8/5PP1/4K3 w", 56, 8285},
     };
     static GameState s;
     for (const auto& p : positions) {
         SetUpBoard(s, p.fen);
+        PlayRandomMoves(s, p.plies, 5, RandomPolicy::AvoidEnds);
         s.otherSide = Opposite(s.sideToMove);
         s.PreparePieceSquare();
         MoveListEntry moves[MoveBufferCapacity];

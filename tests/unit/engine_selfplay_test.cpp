@@ -1,5 +1,5 @@
-// Short self-play games recorded once: from each position the engine plays both sides, and every
-// chosen move and root score must come out as recorded. Catches a changed table or term unseen.
+// Engine results recorded once: short self-play games whose every move and root score must come
+// out as recorded, and one-ply scores of every move; a changed table entry or term shows unseen.
 #include <gtest/gtest.h>
 
 #include <sstream>

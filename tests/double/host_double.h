@@ -17,14 +17,7 @@ struct HostDouble {
     std::vector<AskDefault> questionDefaults;  // the default button of each question
     std::vector<std::string> titles;
     std::vector<std::int32_t> promotionAsks;  // the colour of each promotion dialog
-    std::vector<std::int32_t> clockRepaints;  // the colour of each clock repaint
-    std::int32_t windowRepaints = 0;
-    std::int32_t updates = 0;
-    std::int32_t pumps = 0;
-    std::int32_t beeps = 0;
-    std::int32_t drains = 0;
-    std::int32_t flashes = 0;
-    std::int32_t busyOn = 0, busyOff = 0;
+    std::int32_t beeps = 0, drains = 0, busyOn = 0, busyOff = 0;
 
     // The moves list controls, by handle: rows and the selected row (-1 for none).
     struct List {

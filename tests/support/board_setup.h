@@ -1,25 +1,40 @@
-// Test helpers: set up a GameState from the board and side fields of a FEN line, play moves
-// given as "e2e4" and name squares and moves; the perft walk comes from engine/perft.h.
+// Test helpers: positions from the fields of a FEN line, moves given as "e2e4" played directly or
+// as the click handling plays them, and the names, letters and files the tests compare.
 #pragma once
 
-#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/game_state.h"
 #include "engine/perft.h"
 
-// Resets `state` and places the pieces of `fen`; the side field decides the side to move and
-// the first mover of a set-up game. With a castling field (and en passant field), the rights it
-// denies are written as earlier king or rook moves into the history, since that is where the
-// game reads them; with only two fields the cells alone decide.
+// Resets `state` and places the pieces of `fen`; the side field decides the side to move and the
+// first mover of a set-up game. Castling rights the line denies, and its en passant square, are
+// written into the history, where the game reads them; without those fields the cells decide.
 void SetUpBoard(GameState& state, const std::string& fen);
+// SetUpBoard, and the game marked as one from that set-up position, active, both sides human.
+void SetUpGame(GameState& state, const std::string& fen);
 
-// Plays a move given as from and to squares ("e2e4", "e7e8" promotes to `promotion`) for the side
-// to move, recording it and handing the turn over. Returns false when it is not legal.
+// Plays "e2e4" ("e7e8" promotes to `promotion`) for the side to move, recorded and handed over.
+// False when it is not legal.
 bool PlayMove(GameState& state, const std::string& move, Word promotion = Queen);
+// The start position and the blank-separated moves of `line` ("e7e8n" promotes to a knight).
+// False at the first move that is not legal.
+bool PlayLine(GameState& state, const std::string& line);
+
+// The moves list that clicked moves refill, held by the host double.
+extern ListHandle clickList;
+// Selects the piece on the first square of "e2e4" and, when the second is one of its legal
+// targets, marks both and calls PlayChosenMove; false, with nothing played, when refused.
+bool ClickMove(GameState& state, const std::string& move);
+// Clicks each move in turn; stops at the first refused one and returns how many were played.
+std::size_t ClickMoves(GameState& state, const std::vector<std::string>& moves);
+const std::vector<std::string>& ClickListRows();
 
 std::string SquareName(int file, int row);
-
+std::string MoveName(const MoveListEntry& move);
 // Piece and colour of every cell, row 7 first, in the letters of a position file ("." for empty).
 std::string BoardLetters(const BoardCell (&board)[8][8]);
-std::string MoveName(const MoveListEntry& move);
+std::string Str(const Text& text);
+// The game file the writer makes of `state` (all its plies), dated `date`.
+std::string GameFileOf(GameState& state, const LocalTime& date = LocalTime{2007, 3, 9, 14, 35});

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <random>
 
-#include "support/board_setup.h"
-
 namespace {
 
 // Plies after which AvoidEnds insists on a pawn move or a capture.
@@ -66,7 +64,24 @@ MoveListEntry PickShuffle(const GameState& state, const std::vector<MoveListEntr
     return moves.front();
 }
 
-}  // namespace
+bool IsCastling(const GameState& state, const MoveListEntry& m) {
+    return state.board[m.fromRow][m.fromFile].piece == King && (m.toFile - m.fromFile) % 2 == 0 &&
+           m.toFile != m.fromFile;
+}
+
+// Castling whenever it is there, since a random pick would hardly ever find it; otherwise up to
+// three draws, keeping a pawn move or a capture when one comes up.
+MoveListEntry PickVaried(const GameState& state, const std::vector<MoveListEntry>& moves,
+                         std::mt19937& random) {
+    MoveListEntry chosen = moves[random() % moves.size()];
+    for (int draw = 0; draw < 3 && !IsIrreversible(state, chosen); ++draw)
+        chosen = moves[random() % moves.size()];
+    for (const MoveListEntry& m : moves)
+        if (IsCastling(state, m)) chosen = m;
+    return chosen;
+}
+
+} // namespace
 
 std::vector<std::string> PlayRandomMoves(GameState& state, Word plies, std::uint32_t seed,
                                          RandomPolicy policy) {
@@ -78,11 +93,13 @@ std::vector<std::string> PlayRandomMoves(GameState& state, Word plies, std::uint
         state.GenerateLegalMoves(buffer, state.sideToMove);
         std::vector<MoveListEntry> moves(buffer, buffer + state.moveCount);
         std::shuffle(moves.begin(), moves.end(), random);
-        if (policy == RandomPolicy::KnightShuffles) {
+        if (policy == RandomPolicy::KnightShuffles || policy == RandomPolicy::Varied) {
             if (moves.empty()) break;
-            const MoveListEntry m = PickShuffle(state, moves, random);
+            static constexpr Word promotions[4] = {Queen, Rook, Bishop, Knight};
+            const MoveListEntry m = policy == RandomPolicy::Varied ? PickVaried(state, moves, random)
+                                                                   : PickShuffle(state, moves, random);
             played.push_back(MoveName(m));
-            PlayMove(state, played.back());
+            PlayMove(state, played.back(), policy == RandomPolicy::Varied ? promotions[random() % 4] : Queen);
             continue;
         }
         // Irreversible moves first when the streak is long, last otherwise.

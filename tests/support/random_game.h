@@ -1,12 +1,12 @@
-// Test helpers: seeded random legal games, either shuffling knights so that placements recur, or
-// steered clear of every end of the game so that a game can run to its longest length.
+// Test helpers: seeded random legal games that shuffle knights so that placements recur, steer clear
+// of every end of the game so that it can run to its longest length, or reach every form of move.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "core/game_state.h"
+#include "support/board_setup.h"
 
 enum class RandomPolicy {
     // Own last move taken back, or a knight move, most of the time; nothing avoided: placements
@@ -18,6 +18,9 @@ enum class RandomPolicy {
     // Only moves that are neither pawn moves nor captures, never one that leaves the other side
     // without a move, gives check or stands a placement for the third time; the fifty-move rule is not asked.
     QuietAvoidEnds,
+    // Any legal move, castling whenever there is one and pawn moves and captures drawn more often,
+    // promotions to every piece: games that reach each form of move.
+    Varied,
 };
 
 // Plays up to `plies` moves on `state` for the side to move, recording each in the history and

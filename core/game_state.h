@@ -93,8 +93,9 @@ class GameState {
     Word EvaluateMateBishopKnight(const Word (&cornerTable)[8][8]);
     void ThinkDriver();
     // The search part of a think: tables, phase and search for the side to move, leaving the
-    // result in bestMove and the board as it was. ThinkDriver and the UCI front end share it.
-    void ChooseComputerMove();
+    // result in bestMove and the board as it was, and returning the root's score. ThinkDriver
+    // and the UCI front end share it.
+    Word ChooseComputerMove();
     void PollDuringThink(Word percent);
 
     // ---- Records: moves list, game files, position files ----

@@ -14,7 +14,9 @@ VELOK_INLINE void GameState::TryMove(MoveListEntry* buffer, Word colour) {
     t.piece = f.piece;
     t.colour = colour;
     f.piece = PieceNone;
-    const Word attacked = KingMoves ? SquareAttackTest<To>(colour) : IsSquareAttacked(colour, kingFile, kingRow);
+    const Word attacked = KingMoves         ? SquareAttackTest<To>(colour)
+                          : pieceTestsKing ? IsSquareAttacked(colour, kingFile, kingRow)
+                                           : 0;
     if (!attacked) {
         buffer[moveCount] = {FileOf(From), RowOf(From), FileOf(To), RowOf(To)};
         ++moveCount;
@@ -143,6 +145,9 @@ VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word co
     constexpr int file = FileOf(Square), row = RowOf(Square);
     const BoardCell& cell = board[row][file];
     if (cell.piece == PieceNone || cell.colour != colour) return;
+    // Only a piece on the king's row, file or diagonals can uncover it (see PrepareKingTests).
+    pieceTestsKing = everyTryTestsKing || kingRow == row || kingFile == file ||
+                     kingFile - kingRow == file - row || kingFile + kingRow == file + row;
 
     switch (cell.piece) {
     case Pawn:

@@ -58,6 +58,16 @@ Word CanTakeOn(GameState& state, Word colour, Word toFile, Word toRow) {
     return 0;
 }
 
+// Whether a legal move of `colour` lands on (toFile, toRow), whatever stands there: the whole
+// list of legal moves, searched.
+Word CanMoveTo(GameState& state, Word colour, Word toFile, Word toRow) {
+    MoveListEntry list[MoveBufferCapacity];
+    state.GenerateLegalMoves(list, colour);
+    for (Word i = 0; i < state.moveCount; ++i)
+        if (list[i].toFile == toFile && list[i].toRow == toRow) return 1;
+    return 0;
+}
+
 // Whether `colour` has any legal move: the generators square by square, up to the first move.
 Word HasLegalMove(GameState& state, Word colour) {
     MoveListEntry list[MoveBufferCapacity];
@@ -80,8 +90,13 @@ Word GameState::CheckRecapture(Word toFile, Word toRow) {
     const Word savedKingFile = kingFile, savedKingRow = kingRow;
     const Word savedEveryTry = everyTryTestsKing, savedCount = moveCount;
     PrepareKingTests(sideToMove);
+    // In the search the square holds the opponent's piece, so only a capture can land there;
+    // any other square gets the whole list.
+    const BoardCell& target = board[toRow][toFile];
+    const bool enemy = target.piece != PieceNone && target.colour != sideToMove;
     Word result = 1;
-    if (!CanTakeOn(*this, sideToMove, toFile, toRow)) {
+    if (!(enemy ? CanTakeOn(*this, sideToMove, toFile, toRow)
+                : CanMoveTo(*this, sideToMove, toFile, toRow))) {
         if (HasLegalMove(*this, sideToMove))
             result = -1;
         else

@@ -1,37 +1,17 @@
-// Think speed: a fixed suite of openings, middlegames, endings and mating phases searched at
+// Think speed: the think suite (openings, middlegames, endings and mating phases) searched at
 // levels 1, 2 and 3, with the median and worst processor time per think and nodes per second.
+// Level 3 is also checked against the golden file, which the unit tests check at levels 1 and 2.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <vector>
 
-#include "double/host_double.h"
-#include "support/board_setup.h"
+#include "bench/think_suite.h"
 
 namespace {
-
-constexpr const char* Suite[] = {
-    // Openings.
-    "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq -",
-    "rnbqkbnr/pppppppp/8/8/3P4/8/PPP1PPPP/RNBQKBNR b KQkq -",
-    "r1bqkbnr/pppp1ppp/2n5/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R w KQkq -",
-    "rnbqkb1r/pp2pppp/3p1n2/8/3NP3/8/PPP2PPP/RNBQKB1R w KQkq -",
-    // Rich middlegames.
-    "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq -",
-    "r1bq1rk1/2p1bppp/p1np1n2/1p2p3/4P3/1BP2N1P/PP1P1PP1/RNBQR1K1 b - -",
-    "r2q1rk1/pp2bppp/2n1pn2/3p4/3P4/2NBPN2/PP3PPP/R2Q1RK1 w - -",
-    "2rq1rk1/pb1nbppp/1p2pn2/2pp4/2PP4/1PNBPN2/PB3PPP/2RQ1RK1 w - -",
-    "r4rk1/1pp1qppp/p1np1n2/2b1p1B1/2B1P1b1/P1NP1N2/1PP1QPPP/R4RK1 w - -",
-    // Endings.
-    "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - -",
-    "6k1/5ppp/8/8/8/8/5PPP/3R2K1 w - -",
-    "8/5pk1/6p1/8/8/6P1/5PK1/8 w - -",
-    // Mating phases: rook, two bishops, bishop and knight.
-    "8/8/8/4k3/8/8/8/R3K3 w - -",
-    "8/8/8/4k3/8/8/8/2B1KB2 w - -",
-    "8/8/8/4k3/8/8/8/2B1KN2 w - -",
-};
 
 void ThinkSuite(benchmark::State& bench, Word level) {
     static GameState state;
@@ -40,16 +20,18 @@ void ThinkSuite(benchmark::State& bench, Word level) {
     for (auto _ : bench) {
         seconds.clear();
         nodes = 0;
-        for (const char* fen : Suite) {
-            SetUpBoard(state, fen);
-            state.level = level;
-            state.thinking = 1;
-            ResetHost();
+        for (int index = 0; index < ThinkSuiteSize; ++index) {
             const std::clock_t start = std::clock();
-            state.ChooseComputerMove();
+            const std::string line = ThinkSuiteLine(state, level, index);
             seconds.push_back(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
             nodes += state.searchNodes;
             benchmark::DoNotOptimize(state.bestMove);
+            // A faster search that thinks differently is no faster search: stop at once.
+            if (level == 3 && line != GoldenThinkLine(level, index)) {
+                std::fprintf(stderr, "ThinkLevel3 DIFFERS FROM GOLDEN: got \"%s\", expected \"%s\"\n",
+                             line.c_str(), GoldenThinkLine(level, index).c_str());
+                std::exit(1);
+            }
         }
     }
     double total = 0;

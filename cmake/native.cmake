@@ -1,4 +1,19 @@
 # Native targets: the console demo and UCI engine, unit tests (CTest), benchmarks, fuzz targets.
+
+# The think suite timed by a plain program with its own main, checked against the golden file.
+# The 32-bit build (preset bench32) makes this program alone, since Debian has no i386 GoogleTest
+# or Google Benchmark beside the amd64 ones.
+file(GLOB VELOK3_THINK_TIMER_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/timer/*.cpp
+  ${CMAKE_SOURCE_DIR}/tests/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/double/*.cpp)
+add_executable(velok3_think_timer ${VELOK3_THINK_TIMER_SOURCES})
+target_link_libraries(velok3_think_timer PRIVATE velok3_portable)
+target_include_directories(velok3_think_timer PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+target_compile_definitions(velok3_think_timer PRIVATE VELOK3_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+option(VELOK3_THINK_TIMER_ONLY "Build only the library and the think timer" OFF)
+if(VELOK3_THINK_TIMER_ONLY)
+  return()
+endif()
+
 add_library(velok3_console_host STATIC ${VELOK3_CONSOLE_HOST_SOURCES})
 target_link_libraries(velok3_console_host PUBLIC velok3_portable)
 
@@ -48,6 +63,7 @@ if(benchmark_FOUND AND VELOK3_BENCH_SOURCES)
   add_executable(velok3_bench ${VELOK3_BENCH_SOURCES} ${VELOK3_BENCH_DOUBLE_SOURCES})
   target_link_libraries(velok3_bench PRIVATE velok3_portable benchmark::benchmark benchmark::benchmark_main)
   target_include_directories(velok3_bench PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(velok3_bench PRIVATE VELOK3_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 endif()
 
 if(VELOK3_FUZZ)

@@ -26,6 +26,7 @@ void GameState::ResetGameState(Word mode) {
     std::memset(kingWork, 0, sizeof kingWork);
     std::memset(kingBase, 0, sizeof kingBase);
     kingFile = kingRow = castleTestFile = castleTestRow = 0;
+    everyTryTestsKing = pieceTestsKing = 0;
     std::memset(knightBase, 0, sizeof knightBase);
     std::memset(bishopBase, 0, sizeof bishopBase);
     std::memset(mateCorner, 0, sizeof mateCorner);

@@ -57,6 +57,8 @@ class GameState {
     Word IsSquareAttacked(Word colour, Word file, Word row);
     Word FindKing(Word colour, Word& outFile, Word& outRow) const;
     void GenerateLegalMoves(MoveListEntry* buffer, Word colour);
+    // Finds the king of `colour` and sets everyTryTestsKing, as the generators need before a call.
+    void PrepareKingTests(Word colour);
     void MarkLegalTargets(Word side, Word file, Word row);
 
     // ---- Moves on the board ----
@@ -93,8 +95,9 @@ class GameState {
     Word EvaluateMateBishopKnight(const Word (&cornerTable)[8][8]);
     void ThinkDriver();
     // The search part of a think: tables, phase and search for the side to move, leaving the
-    // result in bestMove and the board as it was. ThinkDriver and the UCI front end share it.
-    void ChooseComputerMove();
+    // result in bestMove and the board as it was, and returning the root's score. ThinkDriver
+    // and the UCI front end share it.
+    Word ChooseComputerMove();
     void PollDuringThink(Word percent);
 
     // ---- Records: moves list, game files, position files ----
@@ -140,6 +143,9 @@ class GameState {
     Word kingWork[8][8];
     Word kingBase[8][8];
     Word kingFile, kingRow;
+    // Set by the move generators: whether every try must test the king (it stands in check, or
+    // no king was found), and whether the piece now generating must (it stands on a line with it).
+    Word everyTryTestsKing, pieceTestsKing;
     Word castleTestFile, castleTestRow;
     Word knightBase[8][8];
     Word bishopBase[8][8];

@@ -29,12 +29,18 @@ void GameState::MarkLegalTargets(Word side, Word file, Word row) {
     for (auto& cells : board)
         for (BoardCell& cell : cells) cell.legalTarget = 0;
     moveCount = 0;
-    FindKing(side, kingFile, kingRow);
+    PrepareKingTests(side);
     MoveListEntry moves[MoveBufferCapacity];
     const Word square = file + 8 * row;
     if (square >= 0 && square < 64) GenerateMovesAt(*this, square, moves, side);
     for (Word i = 0; i < moveCount; ++i) board[moves[i].toRow][moves[i].toFile].legalTarget = 1;
     legalTargetCount = moveCount;
+}
+
+// A move cannot leave its own king attacked when the king is not in check and the piece stands
+// on no line with it: the generators then skip the attack test of its tries.
+void GameState::PrepareKingTests(Word colour) {
+    everyTryTestsKing = !FindKing(colour, kingFile, kingRow) || IsSquareAttacked(colour, kingFile, kingRow);
 }
 
 // True when some move up to the position on the board started from (file, row): that king or

@@ -81,3 +81,17 @@ inline Word EvaluateAfterMove(const GameState& state, const MoveRecord& record,
     return score + PawnPenalty(pawns[thinker]) - PawnPenalty(pawns[state.otherSide]) -
            PawnPenalty(before.pawns[thinker]) + PawnPenalty(before.pawns[state.otherSide]);
 }
+
+// The ScoredPosition after `record`, from the one before it: EvaluateAfterMove and the pawn counts
+// the move changed, so that a node needs no whole Evaluate of its own.
+inline ScoredPosition ScoreAfterMove(const GameState& state, const MoveRecord& record,
+                                     const ScoredPosition& before) {
+    ScoredPosition after;
+    after.score = EvaluateAfterMove(state, record, before);
+    std::memcpy(after.pawns, before.pawns, sizeof after.pawns);
+    if (record.movedPiece == Pawn) --after.pawns[record.movedColour][record.fromFile];
+    if (record.placedPiece == Pawn) ++after.pawns[record.movedColour][record.toFile];
+    if (record.capturedPiece == Pawn) --after.pawns[Opposite(record.movedColour)][record.toFile];
+    if (record.extraPiece == Pawn) --after.pawns[record.extraColour][record.extraFromFile];
+    return after;
+}

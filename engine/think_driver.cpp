@@ -74,8 +74,9 @@ Word ChooseEnginePhase(const GameState& state) {
 }
 
 // Searches the side to move's reply into bestMove (first byte 0xFF when there is none), leaving
-// board and plyCount as they were. Expects `thinking` set; clearing it breaks the search off.
-void GameState::ChooseComputerMove() {
+// board and plyCount as they were, and returns the root's score. Expects `thinking` set;
+// clearing it breaks the search off.
+Word GameState::ChooseComputerMove() {
     // No move chosen and no node counted yet.
     bestMove.fromFile = NoMoveByte;
     searchNodes = 0;
@@ -89,12 +90,10 @@ void GameState::ChooseComputerMove() {
     PreparePieceSquare();
     enginePhase = ChooseEnginePhase(*this);
 
-    // The main search, or the mating search against a lone king; the result is bestMove, not the
-    // score.
-    if (enginePhase == PhaseNormal)
-        SearchThinkerNode(level, NodeStartLow);
-    else
-        MateThinkerNode(MateSearchDepth, 1, NodeStartLow);
+    // The main search, or the mating search against a lone king; the move played is bestMove,
+    // the score is for benchmarks and the UCI front end.
+    if (enginePhase == PhaseNormal) return SearchThinkerNode(level, NodeStartLow);
+    return MateThinkerNode(MateSearchDepth, 1, NodeStartLow);
 }
 
 // One computer move, from the start of the think to the hand-over to the next side.

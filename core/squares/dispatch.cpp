@@ -39,7 +39,7 @@ static void GenerateAll(GameState& state, MoveListEntry* buffer, Word colour,
 }
 
 void GameState::GenerateLegalMoves(MoveListEntry* buffer, Word colour) {
-    FindKing(colour, kingFile, kingRow);
+    PrepareKingTests(colour);
     moveCount = 0;
     GenerateAll(*this, buffer, colour, std::make_integer_sequence<int, 64>{});
 }

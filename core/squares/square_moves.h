@@ -14,9 +14,12 @@ VELOK_INLINE void GameState::TryMove(MoveListEntry* buffer, Word colour) {
     t.piece = f.piece;
     t.colour = colour;
     f.piece = PieceNone;
-    const Word attacked = KingMoves ? SquareAttackTest<To>(colour) : IsSquareAttacked(colour, kingFile, kingRow);
+    const Word attacked = KingMoves        ? SquareAttackTest<To>(colour)
+                          : pieceTestsKing ? IsSquareAttacked(colour, kingFile, kingRow)
+                                           : 0;
     if (!attacked) {
-        buffer[CheckedIndex(moveCount, MoveBufferCapacity)] = {FileOf(From), RowOf(From), FileOf(To), RowOf(To)};
+        buffer[CheckedIndex(moveCount, MoveBufferCapacity)] = {FileOf(From), RowOf(From), FileOf(To),
+                                                               RowOf(To)};
         ++moveCount;
     }
     f.piece = t.piece;
@@ -63,12 +66,11 @@ VELOK_INLINE void GameState::TryPawnCapture(MoveListEntry* buffer, Word colour) 
 }
 
 // En passant towards file + Df, read from the last record in force alone.
-template <int From, int Df>
-VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
+template <int From, int Df> VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
     using namespace squares;
     if constexpr (OnBoard(From, Df, 0)) {
         constexpr int file = FileOf(From), row = RowOf(From);
-        constexpr bool white = row == 4;  // white pawns take en passant from row 4, black from row 3
+        constexpr bool white = row == 4; // white pawns take en passant from row 4, black from row 3
         constexpr int ahead = white ? 1 : -1;
         const Word records = RecordsInForce();
         if (records == 0) return;
@@ -93,8 +95,7 @@ VELOK_INLINE void GameState::TryEnPassant(MoveListEntry* buffer, Word colour) {
 
 // Castling of the king at home on row `Row` (e1 for White, e8 for Black). Rights follow from the
 // history (has the king or the corner been left?) and from the attack test.
-template <int Row>
-VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
+template <int Row> VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
     constexpr Word home = Row == 0 ? White : Black;
     constexpr int e = 4 + 8 * Row;
     BoardCell* const row = board[Row];
@@ -106,7 +107,8 @@ VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
 
     // For each side the king stands for a moment on the two squares it crosses or reaches,
     // and every one of them must be safe.
-    if (row[7].piece == Rook && row[5].piece == PieceNone && row[6].piece == PieceNone && !HistoryLeaves(7, Row)) {
+    if (row[7].piece == Rook && row[5].piece == PieceNone && row[6].piece == PieceNone &&
+        !HistoryLeaves(7, Row)) {
         bool safe = true;
         for (int pass = 0; pass < 2 && safe; ++pass) {
             const int file = 5 + pass;
@@ -137,12 +139,14 @@ VELOK_INLINE void GameState::TryCastling(MoveListEntry* buffer, Word colour) {
     }
 }
 
-template <int Square>
-VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word colour) {
+template <int Square> VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word colour) {
     using namespace squares;
     constexpr int file = FileOf(Square), row = RowOf(Square);
     const BoardCell& cell = board[row][file];
     if (cell.piece == PieceNone || cell.colour != colour) return;
+    // Only a piece on the king's row, file or diagonals can uncover it (see PrepareKingTests).
+    pieceTestsKing = everyTryTestsKing || kingRow == row || kingFile == file ||
+                     kingFile - kingRow == file - row || kingFile + kingRow == file + row;
 
     switch (cell.piece) {
     case Pawn:
@@ -152,7 +156,8 @@ VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word co
                 const bool oneEmpty = board[row + 1][file].piece == PieceNone;
                 if (oneEmpty) TryMove<Square, one, false>(buffer, colour);
                 if constexpr (row == 1) {
-                    if (oneEmpty && board[3][file].piece == PieceNone) TryMove<Square, Square + 16, false>(buffer, colour);
+                    if (oneEmpty && board[3][file].piece == PieceNone)
+                        TryMove<Square, Square + 16, false>(buffer, colour);
                     TryPawnCapture<Square, 1, 1>(buffer, colour);
                     TryPawnCapture<Square, -1, 1>(buffer, colour);
                 } else {
@@ -174,7 +179,8 @@ VELOK_ROUTINE void GameState::GenerateSquareMoves(MoveListEntry* buffer, Word co
                     TryEnPassant<Square, -1>(buffer, colour);
                 }
                 if constexpr (row == 6) {
-                    if (oneEmpty && board[4][file].piece == PieceNone) TryMove<Square, Square - 16, false>(buffer, colour);
+                    if (oneEmpty && board[4][file].piece == PieceNone)
+                        TryMove<Square, Square - 16, false>(buffer, colour);
                 }
             }
         }

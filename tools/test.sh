@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test: unit tests under ASan and UBSan with g++ and with clang,
-# the fuzz targets for a bounded time, the release and both Windows builds, the release zip with
+# the fuzz targets for a bounded time, the 32-bit think timer against the recorded engine results,
+# the release and both Windows builds, the release zip with
 # the compiled manual, and the end-to-end tests of the real program under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -26,6 +27,11 @@ fi
 step "release (benchmarks and console programs)"
 cmake --preset release >/dev/null
 cmake --build --preset release -j "$jobs"
+
+step "32-bit think timer (g++ -m32): levels 1 and 2 of the suite against the recorded results"
+cmake --preset bench32 >/dev/null
+cmake --build --preset bench32 -j "$jobs"
+./build/bench32/velok3_think_timer 1 2
 
 step "Windows cross builds (i686 shipped, x86_64 for Wine)"
 for preset in win32 win64; do

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test: unit tests under ASan and UBSan with g++ and with clang,
 # the fuzz targets for a bounded time, the 32-bit think timer against the recorded engine results,
-# the release and both Windows builds, the release zip with
-# the compiled manual, and the end-to-end tests of the real program under Wine.
+# the release and both Windows builds, the release zip with the compiled manual, and the
+# end-to-end tests of the real program under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

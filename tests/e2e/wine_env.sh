@@ -1,5 +1,4 @@
 # Wine set-up shared by tests/e2e/run.sh and tools/run.sh: a 64-bit prefix of our own, made once.
-# Source it; it only defines functions.
 WINE=/usr/lib/wine/wine64
 WINESERVER=/usr/lib/wine/wineserver
 
@@ -12,11 +11,10 @@ wine_env() {
   WINE_LOGS="$root"
 }
 
-# Creates the prefix once, without DISPLAY so that wineboot opens no window. The registry gives a
-# virtual desktop (a window hidden under bare Xvfb otherwise costs 2 s), no crash dialog (it would
-# hang a test), and Palatino Linotype, the panel's face on Windows, as TeX Gyre Pagella of the same
-# metrics. Wine's own faces (Marlett draws the caption buttons, Tahoma the menus) come from
-# fonts-wine, which this Wine loads only from the prefix. A prefix of an older recipe is made anew.
+# Creates the prefix without DISPLAY, so that wineboot opens no window. The registry gives a virtual
+# desktop (a window hidden under bare Xvfb costs 2 s otherwise), no crash dialog (it would hang a test),
+# and the panel's face, Palatino Linotype, as TeX Gyre Pagella of the same metrics. This Wine loads its
+# own faces (Marlett draws the caption buttons) only from the prefix. An older recipe's prefix is remade.
 wine_prefix() {
   [ -f "$WINEPREFIX/.velok3-ready-fonts" ] && return 0
   echo "wine: creating the prefix $WINEPREFIX (once)"

@@ -1,6 +1,5 @@
-// velok3-e2e-driver.exe <scenario> <folder> runs one scenario against velok3.exe of the current
-// folder, leaving its screenshots in the folder; "list" names the scenarios; "pictures" <folder>
-// takes the user manual's pictures, named as the manual's pages show them.
+// velok3-e2e-driver.exe <scenario> <folder> runs a scenario against velok3.exe of the current folder and
+// leaves its screenshots there; "pictures" <folder> takes the manual's pictures under their pages' names.
 #include <cstdio>
 #include <cstring>
 
@@ -19,8 +18,7 @@ void Picture(HWND window, const char* name) {
 
 // Opens a dialog by its menu command, pictures it with the first file previewed, and cancels it.
 void PictureDialog(Program& program, int command, const char* title, const char* name) {
-    program.Command(command);
-    HWND dialog = program.WaitForDialog(title);
+    HWND dialog = program.WaitForDialog(title, command);
     if (GetDlgItem(dialog, IDC_LOAD_PREVIEW)) program.ChooseRow(dialog, IDC_LOAD_LIST, 0);
     Picture(dialog, name);
     program.Press(dialog, IDCANCEL);
@@ -31,7 +29,6 @@ void PictureDialog(Program& program, int command, const char* title, const char*
 void ManualPictures() {
     const Board board{LoadSkin(0, 64)};
     Program program;
-    program.Start();
     program.ExpectBoard(board, StartPlacement, "the start position before the first picture");
     Picture(program.window, "main-window");
     PictureDialog(program, IDM_ABOUT, "About", "about");
@@ -43,10 +40,8 @@ void ManualPictures() {
     program.Play(board, "e2e4 e7e5 g1f3 b8c6 f1c4 g8f6 d2d3");
     program.Click(board.Centre("f8"));
     Picture(program.window, "game-in-progress");
-    program.Command(IDM_GAME_SAVE);
-    program.SaveAs("Save game", "Alice - Bob", "Game saved");
-    program.Command(IDM_POSITION_SAVE);
-    program.SaveAs("Save game", "Alice - Bob", "Position saved");
+    program.SaveAs(IDM_GAME_SAVE, "Save game", "Alice - Bob", "Game saved");
+    program.SaveAs(IDM_POSITION_SAVE, "Save game", "Alice - Bob", "Position saved");
     PictureDialog(program, IDM_GAME_LOAD, "Load game", "load-game");
     PictureDialog(program, IDM_POSITION_LOAD, "Load position", "load-position");
     PictureDialog(program, IDM_OPTIONS, "Options", "options");
@@ -58,23 +53,20 @@ void ManualPictures() {
     dialog = program.WaitForDialog("Select promote piece");
     Picture(dialog, "promotion");
     program.Press(dialog, IDC_PROMOTE_QUEEN);
-    program.WaitForRows(10);
 
     program.Command(IDM_POSITION_SET);
-    program.Answer("Save current game?", IDNO);
-    program.Place(board, 5, "g1", "g8");
-    program.Place(board, 3, "d1", "e8");
-    program.Place(board, 0, "f2 g2 h2 e5", "f7 g7 h7 d5");
-    program.ClickRow(0);
+    program.Answer(SaveGame, IDNO);
+    program.Place(board, PaletteKing, "g1", "g8");
+    program.Place(board, PaletteRook, "d1", "e8");
+    program.Place(board, PalettePawn, "f2 g2 h2 e5", "f7 g7 h7 d5");
+    program.ClickRow(PalettePawn);
     Picture(program.window, "set-position");
-    program.ClickRow(7);
+    program.ClickRow(PaletteWhiteMove);
     program.WaitForRows(1);
     program.Play(board, "e5e6 f7e6 d1d5");
     program.ClickRow(2);
     Picture(program.window, "analyse");
-    program.Command(IDM_EXIT);
-    program.Answer("Save begin position?", IDNO);
-    program.WaitForExit();
+    program.Close("Save begin position?", IDM_EXIT);
 }
 
 } // namespace e2e
@@ -91,15 +83,12 @@ int main(int argc, char** argv) {
                      {"options", e2e::Options},
                      {"release-folder", e2e::ReleaseFolder},
                      {"pictures", e2e::ManualPictures}};
-    const bool list = argc == 2 && std::strcmp(argv[1], "list") == 0;
-    for (const auto& scenario : scenarios) {
-        if (list && scenario.run != e2e::ManualPictures) std::printf("%s\n", scenario.name);
+    for (const auto& scenario : scenarios)
         if (argc == 3 && std::strcmp(argv[1], scenario.name) == 0) {
             e2e::shotFolder = argv[2];
             scenario.run();
             return e2e::failedChecks == 0 ? 0 : 1;
         }
-    }
-    if (!list) std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <folder> | list\n");
-    return list ? 0 : 2;
+    std::fprintf(stderr, "usage: velok3-e2e-driver <scenario> <folder>\n");
+    return 2;
 }

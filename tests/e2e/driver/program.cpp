@@ -1,5 +1,5 @@
-// The program under test driven from another process: started in a job that dies with the driver,
-// posted input, sends with a time limit, dialogs found by class and title, rows read as UTF-16.
+// The program under test driven from another process: started in a job that dies with the driver, posted
+// input, sends with a time limit, dialogs found by class and title, rows read as UTF-16.
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
@@ -26,6 +26,16 @@ void Abort(const std::string& what, const std::string& detail) {
     std::exit(1);
 }
 
+LRESULT Send(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide) {
+    constexpr int SendLimit = 5000;
+    DWORD_PTR result = 0;
+    if (!(wide ? SendMessageTimeoutW : SendMessageTimeoutA)(target, message, wParam, lParam, SMTO_NORMAL,
+                                                            SendLimit, &result) &&
+        IsWindow(target))
+        Abort("the program answers", "no answer to message " + std::to_string(message));
+    return static_cast<LRESULT>(result);
+}
+
 namespace {
 
 std::vector<HWND> WindowsOf(HANDLE process, const char* className) {
@@ -44,17 +54,6 @@ DWORD ExitCode(HANDLE process) {
     return code;
 }
 
-// A send with a time limit: a hung program fails the run instead of holding it.
-LRESULT Send(HWND target, UINT message, WPARAM wParam, LPARAM lParam, bool wide = false) {
-    constexpr int SendLimit = 5000;
-    DWORD_PTR result = 0;
-    if (!(wide ? SendMessageTimeoutW : SendMessageTimeoutA)(target, message, wParam, lParam, SMTO_NORMAL,
-                                                            SendLimit, &result) &&
-        IsWindow(target))
-        Abort("the program answers", "no answer to message " + std::to_string(message));
-    return static_cast<LRESULT>(result);
-}
-
 std::string TextOf(HWND window) {
     std::string text(static_cast<size_t>(Send(window, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
     text.resize(
@@ -67,9 +66,8 @@ HANDLE Launch(HANDLE job) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
-    char commandLine[] = "velok3.exe";
-    if (!CreateProcessA(".\\velok3.exe", commandLine, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                        nullptr, &startup, &info))
+    if (!CreateProcessA(".\\velok3.exe", nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
+                        &startup, &info))
         Abort("velok3.exe starts", "error " + std::to_string(GetLastError()));
     AssignProcessToJobObject(job, info.hProcess);
     ResumeThread(info.hThread);
@@ -79,7 +77,7 @@ HANDLE Launch(HANDLE job) {
 
 } // namespace
 
-void Program::Start() {
+Program::Program() {
     job = CreateJobObjectA(nullptr, nullptr);
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
@@ -113,9 +111,7 @@ bool Program::WaitUntil(const std::function<bool()>& done, int limit, const char
 
 bool Program::WaitForScreen(const std::function<bool(const Image&)>& shows, Image* last) {
     Image shot;
-    const bool seen = WaitUntil([&] { return shows(shot = Client()); });
-    if (last) *last = shot;
-    return seen;
+    return WaitUntil([&] { return shows(*(last ? last : &shot) = Client()); });
 }
 
 bool Program::ExpectBoard(const Board& board, const std::string& placement, const std::string& what,
@@ -126,7 +122,8 @@ bool Program::ExpectBoard(const Board& board, const std::string& placement, cons
     return Check(seen, what, "squares differing: " + board.Differing(shot, placement, lastMove));
 }
 
-HWND Program::WaitForDialog(const char* title) {
+HWND Program::WaitForDialog(const char* title, int command) {
+    if (command) Command(command);
     HWND dialog = nullptr;
     auto found = [&] {
         for (HWND open : WindowsOf(process, "#32770"))
@@ -148,22 +145,9 @@ void Program::Press(HWND dialog, int id, bool closes) {
 
 void Program::Answer(const std::string& text, int button) {
     HWND box = WaitForDialog("Velok-3");
-    const std::string shown = TextOf(GetDlgItem(box, 0xFFFF));
-    Check(shown == text, "message \"" + text + "\"", "the box says \"" + shown + "\"");
+    Check(TextOf(GetDlgItem(box, 0xFFFF)) == text, "message \"" + text + "\"",
+          TextOf(GetDlgItem(box, 0xFFFF)));
     Press(box, button);
-}
-
-void Program::SetText(HWND dialog, int id, const std::string& text) {
-    Send(GetDlgItem(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
-bool Program::Checked(HWND dialog, int id) {
-    return Send(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
-}
-
-void Program::SetChecked(HWND dialog, int id, bool checked) {
-    // The dialog reads its boxes when a button takes them over.
-    Send(GetDlgItem(dialog, id), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
 void Program::ChooseRow(HWND dialog, int id, int row) {
@@ -190,30 +174,23 @@ std::vector<std::string> Program::Rows(HWND listBox) {
     return rows;
 }
 
-int Program::SelectedRow() {
-    return static_cast<int>(Send(list, LB_GETCURSEL, 0, 0));
-}
-
 bool Program::WaitForRows(int count, int limit) {
     // A thinking program answers only between root moves, so a slow answer is "not yet".
     DWORD_PTR rows = 0;
-    return WaitUntil(
-        [&] {
-            return SendMessageTimeoutW(list, LB_GETCOUNT, 0, 0, SMTO_NORMAL, 200, &rows) &&
-                   int(rows) >= count;
-        },
-        limit);
+    auto enough = [&] {
+        return SendMessageTimeoutW(list, LB_GETCOUNT, 0, 0, SMTO_NORMAL, 200, &rows) && int(rows) >= count;
+    };
+    return WaitUntil(enough, limit);
 }
 
 void Program::ClickRow(int row) {
-    constexpr int RowHeight = 25;
-    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(30, row * RowHeight + RowHeight / 2));
-    PostMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(30, row * RowHeight + RowHeight / 2));
+    const LPARAM at = MAKELPARAM(30, row * ListRowHeight + ListRowHeight / 2);
+    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageA(list, WM_LBUTTONUP, 0, at);
 }
 
 HWND Program::NewGame(Side white, Side black, Level level, bool start) {
-    Command(IDM_GAME_NEW);
-    HWND dialog = WaitForDialog("New game");
+    HWND dialog = WaitForDialog("New game", IDM_GAME_NEW);
     ChooseRow(dialog, IDC_WHITE_TYPE, white);
     ChooseRow(dialog, IDC_BLACK_TYPE, black);
     if (white == Human) SetText(dialog, IDC_WHITE_NAME, "Alice");
@@ -241,26 +218,21 @@ void Program::Play(const Board& board, const std::string& moves) {
 
 void Program::Place(const Board& board, int paletteRow, const std::string& white, const std::string& black) {
     ClickRow(paletteRow);
-    for (size_t at = 0; at + 2 <= white.size(); at += 3)
-        Click(board.Centre(white.substr(at, 2)));
-    for (size_t at = 0; at + 2 <= black.size(); at += 3)
-        Click(board.Centre(black.substr(at, 2)), WM_RBUTTONUP);
+    for (const auto& [squares, button] : {std::pair{white, WM_LBUTTONUP}, {black, WM_RBUTTONUP}})
+        for (size_t at = 0; at + 2 <= squares.size(); at += 3)
+            Click(board.Centre(squares.substr(at, 2)), button);
 }
 
-void Program::SaveAs(const char* title, const std::string& fileName, const char* saved) {
-    HWND dialog = WaitForDialog(title);
+void Program::SaveAs(int command, const char* title, const std::string& fileName, const char* saved) {
+    HWND dialog = WaitForDialog(title, command);
     SetText(dialog, IDC_SAVE_NAME, fileName);
     Press(dialog, IDOK, !fileName.empty());
     Answer(saved);
 }
 
-DWORD Program::Close(bool asksToSave, int command) {
+DWORD Program::Close(const char* asks, int command) {
     PostMessageA(window, command ? WM_COMMAND : WM_CLOSE, command, 0);
-    if (asksToSave) Answer("Save current game?", IDNO);
-    return WaitForExit();
-}
-
-DWORD Program::WaitForExit() {
+    if (asks) Answer(asks, IDNO);
     if (!WaitUntil([this] { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }, 2 * ShortWait))
         Abort("velok3.exe ends");
     return ExitCode(process);
@@ -269,10 +241,6 @@ DWORD Program::WaitForExit() {
 std::string ReadWholeFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void WriteWholeFile(const std::string& path, const std::string& bytes) {
-    if (!(std::ofstream(path, std::ios::binary) << bytes)) Abort("file " + path + " written");
 }
 
 std::vector<std::string> FilesMatching(const std::string& pattern) {

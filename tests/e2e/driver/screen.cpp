@@ -1,5 +1,5 @@
-// Pictures of the screen and of the program's skins, the .bmp files of a run, and the board's
-// squares compared tile by tile with the skin the program draws them from.
+// Pictures of the screen and of the program's skins, the .bmp files of a run, and the board's squares
+// compared tile by tile with the skin the program draws them from.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -11,11 +11,7 @@ namespace e2e {
 
 namespace {
 
-// A top-down 24-bit DIB; GDI and the .bmp format pad its rows to four bytes.
-int PaddedRow(int width) {
-    return (width * 3 + 3) & ~3;
-}
-
+// A top-down 24-bit DIB.
 BITMAPINFOHEADER Header(int width, int height) {
     return {sizeof(BITMAPINFOHEADER), width, -height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
 }
@@ -24,7 +20,7 @@ Image ImageOf(HBITMAP bitmap) {
     BITMAP shape{};
     GetObject(bitmap, sizeof shape, &shape);
     BITMAPINFO info{Header(shape.bmWidth, shape.bmHeight), {}};
-    std::vector<unsigned char> rows(static_cast<size_t>(PaddedRow(shape.bmWidth)) * shape.bmHeight);
+    std::vector<unsigned char> rows(static_cast<size_t>(Image::RowBytes(shape.bmWidth)) * shape.bmHeight);
     HDC screen = GetDC(nullptr);
     GetDIBits(screen, bitmap, 0, shape.bmHeight, rows.data(), &info, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
@@ -35,7 +31,7 @@ Image ImageOf(HBITMAP bitmap) {
 
 COLORREF Image::Pixel(int x, int y) const {
     if (x < 0 || y < 0 || x >= width || y >= height) return CLR_INVALID;
-    const unsigned char* p = &bgr[static_cast<size_t>(y) * PaddedRow(width) + x * 3];
+    const unsigned char* p = &bgr[static_cast<size_t>(y) * RowBytes(width) + x * 3];
     return RGB(p[2], p[1], p[0]);
 }
 
@@ -44,10 +40,9 @@ Image CaptureScreen(const RECT& area) {
     HDC screen = GetDC(nullptr);
     HDC memory = CreateCompatibleDC(screen);
     HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    HGDIOBJ old = SelectObject(memory, bitmap);
+    SelectObject(memory, bitmap);
     BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-    SelectObject(memory, old);
-    DeleteDC(memory);
+    DeleteDC(memory); // which lets the bitmap go
     ReleaseDC(nullptr, screen);
     Image image = ImageOf(bitmap);
     DeleteObject(bitmap);
@@ -63,7 +58,7 @@ Image CaptureWindow(HWND window, bool withMenuAndCaption) {
 }
 
 bool SaveBmp(const Image& image, const std::string& path) {
-    const DWORD row = PaddedRow(image.width);
+    const DWORD row = Image::RowBytes(image.width);
     BITMAPFILEHEADER file{0x4D42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
     file.bfSize = file.bfOffBits + row * image.height;
     const BITMAPINFOHEADER header = Header(image.width, -image.height); // bottom up, as every reader takes it
@@ -97,43 +92,26 @@ int PixelsDiffering(const Image& a, int ax, int ay, const Image& b, int bx, int 
 }
 
 Image LoadSkin(int number, int tileSize) {
-    // Smaller tiles are scaled with HALFTONE onto a second copy of the skin, as the program scales
-    // them, so that the same Wine code makes the same pixels.
+    // Smaller tiles are scaled with HALFTONE onto a copy of the skin as the program does, for the same
+    // pixels.
     HMODULE module = LoadLibraryExA(".\\velok3.exe", nullptr, LOAD_LIBRARY_AS_DATAFILE);
     HBITMAP skin = LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number));
     HBITMAP canvas = LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SKIN_FIRST + number));
-    HDC screen = GetDC(nullptr);
-    HDC source = CreateCompatibleDC(screen), target = CreateCompatibleDC(screen);
-    HGDIOBJ oldSource = SelectObject(source, skin), oldTarget = SelectObject(target, canvas);
+    HDC source = CreateCompatibleDC(nullptr), target = CreateCompatibleDC(nullptr);
+    SelectObject(source, skin);
+    SelectObject(target, canvas);
     SetStretchBltMode(target, HALFTONE);
     SetBrushOrgEx(target, 0, 0, nullptr);
     if (tileSize != 64)
         StretchBlt(target, 0, 0, 10 * tileSize, 7 * tileSize, source, 0, 0, 640, 448, SRCCOPY);
-    SelectObject(source, oldSource);
-    SelectObject(target, oldTarget);
     DeleteDC(source);
     DeleteDC(target);
-    ReleaseDC(nullptr, screen);
     const Image image = canvas ? ImageOf(canvas) : Image{};
     DeleteObject(skin);
     DeleteObject(canvas);
     FreeLibrary(module);
     if (image.width != 640) Abort("stock skin " + std::to_string(number) + " readable from velok3.exe");
     return image;
-}
-
-int PanelTextWidth(const std::string& text) {
-    HDC screen = GetDC(nullptr);
-    HFONT font =
-        CreateFontA(24, 0, 0, 0, FW_DONTCARE, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE, "Palatino Linotype");
-    HGDIOBJ old = SelectObject(screen, font);
-    SIZE size{};
-    GetTextExtentPoint32A(screen, text.c_str(), static_cast<int>(text.size()), &size);
-    SelectObject(screen, old);
-    DeleteObject(font);
-    ReleaseDC(nullptr, screen);
-    return size.cx;
 }
 
 POINT Board::Centre(const std::string& square) const {

@@ -8,26 +8,24 @@
 #include "core/game_state.h"
 #include "engine/perft.h"
 
-// Resets `state` and places the pieces of `fen`; the side field decides the side to move and the
-// first mover of a set-up game. Castling rights the line denies, and its en passant square, are
-// written into the history, where the game reads them; without those fields the cells decide.
+// Resets `state` and places the pieces of `fen`, whose side field gives the side to move and first
+// mover. Castling rights it denies and its en passant square go into the history, where the game
+// reads them; without those fields the cells decide.
 void SetUpBoard(GameState& state, const std::string& fen);
 // SetUpBoard, and the game marked as one from that set-up position, active, both sides human.
 void SetUpGame(GameState& state, const std::string& fen);
 
-// Plays "e2e4" ("e7e8" promotes to `promotion`) for the side to move, recorded and handed over.
-// False when it is not legal.
+// Plays "e2e4" ("e7e8" promotes to `promotion`) for the side to move, recorded and handed over;
+// false when it is not legal. PlayLine: the start position and the blank-separated moves of `line`
+// ("e7e8n" promotes to a knight), false at the first move that is not legal.
 bool PlayMove(GameState& state, const std::string& move, Word promotion = Queen);
-// The start position and the blank-separated moves of `line` ("e7e8n" promotes to a knight).
-// False at the first move that is not legal.
 bool PlayLine(GameState& state, const std::string& line);
 
-// The moves list that clicked moves refill, held by the host double.
+// Clicks the two squares of "e2e4" as the user would, on the moves list `clickList` of the host
+// double; false, with nothing played, when refused. ClickMoves stops at the first refused move and
+// returns how many were played.
 extern ListHandle clickList;
-// Selects the piece on the first square of "e2e4" and, when the second is one of its legal
-// targets, marks both and calls PlayChosenMove; false, with nothing played, when refused.
 bool ClickMove(GameState& state, const std::string& move);
-// Clicks each move in turn; stops at the first refused one and returns how many were played.
 std::size_t ClickMoves(GameState& state, const std::vector<std::string>& moves);
 const std::vector<std::string>& ClickListRows();
 

@@ -3,6 +3,7 @@
 #include "support/random_game.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
 
 namespace {
@@ -16,13 +17,13 @@ bool IsIrreversible(const GameState& state, const MoveListEntry& m) {
 }
 
 // True when the game goes on after the move just played. The quiet policy leaves the fifty-move
-// rule to the tests and asks only for a legal reply, no check and no third repetition.
+// rule to the tests and asks only for a legal reply, no check (so that the reply need not be a
+// capture) and no third repetition.
 bool GoesOn(GameState& state, RandomPolicy policy) {
     const Word next = Opposite(state.sideToMove);
     if (policy == RandomPolicy::QuietAvoidEnds) {
         MoveListEntry replies[MoveBufferCapacity];
         state.GenerateLegalMoves(replies, next);
-        // No checks either, so that the reply need not be a capture.
         return state.moveCount > 0 && !state.IsSquareAttacked(next, state.kingFile, state.kingRow) &&
                state.IsThreefoldRepetition() == 0;
     }
@@ -64,11 +65,6 @@ MoveListEntry PickShuffle(const GameState& state, const std::vector<MoveListEntr
     return moves.front();
 }
 
-bool IsCastling(const GameState& state, const MoveListEntry& m) {
-    return state.board[m.fromRow][m.fromFile].piece == King && (m.toFile - m.fromFile) % 2 == 0 &&
-           m.toFile != m.fromFile;
-}
-
 // Castling whenever it is there, since a random pick would hardly ever find it; otherwise up to
 // three draws, keeping a pawn move or a capture when one comes up.
 MoveListEntry PickVaried(const GameState& state, const std::vector<MoveListEntry>& moves,
@@ -77,7 +73,8 @@ MoveListEntry PickVaried(const GameState& state, const std::vector<MoveListEntry
     for (int draw = 0; draw < 3 && !IsIrreversible(state, chosen); ++draw)
         chosen = moves[random() % moves.size()];
     for (const MoveListEntry& m : moves)
-        if (IsCastling(state, m)) chosen = m;
+        if (state.board[m.fromRow][m.fromFile].piece == King && std::abs(m.toFile - m.fromFile) == 2)
+            chosen = m;
     return chosen;
 }
 

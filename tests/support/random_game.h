@@ -9,18 +9,11 @@
 #include "support/board_setup.h"
 
 enum class RandomPolicy {
-    // Own last move taken back, or a knight move, most of the time; nothing avoided: placements
-    // recur often.
-    KnightShuffles,
-    // Never a move after which CheckGameEnd gives an end, a pawn move or a capture every 80
-    // plies so that the fifty-move rule never holds; the last ply of the longest game is free.
-    AvoidEnds,
-    // Only moves that are neither pawn moves nor captures, never one that leaves the other side
-    // without a move, gives check or stands a placement for the third time; the fifty-move rule is not asked.
-    QuietAvoidEnds,
-    // Any legal move, castling whenever there is one and pawn moves and captures drawn more often,
-    // promotions to every piece: games that reach each form of move.
-    Varied,
+    KnightShuffles, // own last move taken back, or a knight move, most of the time: placements recur
+    AvoidEnds,      // nothing that ends the game, a pawn move or capture every 80 plies: the longest game
+    QuietAvoidEnds, // no pawn move, capture, check, stalemate or third repetition; fifty moves allowed
+    Varied,         // any move, castling when there is one, pawn moves and captures drawn more often,
+                    // promotions to every piece
 };
 
 // Plays up to `plies` moves on `state` for the side to move, recording each in the history and

@@ -1,5 +1,5 @@
 // Saving and loading through the host: when nothing happens, what the user is asked and told, what
-// is written under which name, what the load preview makes of a file, and what a load makes of it.
+// is written under which name, what the load preview and a load make of a file; position lines.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -9,7 +9,7 @@
 #include "records/game_file.h"
 #include "records/load_file.h"
 #include "records/position_file.h"
-#include "support/board_setup.h"
+#include "support/random_game.h"
 
 namespace {
 
@@ -72,21 +72,11 @@ TEST(Saving, GameGoesUnderItsNameWithEveryMoveAndCountsAsSaved) {
     EXPECT_EQ(g.gameDirty, 1);
 }
 
-TEST(Saving, OfferIsMadeOnlyForAnActiveUnsavedGame) {
-    Running("", "e2e4").gameDirty = 0;
-    g.OfferToSave();
-    Running("", "e2e4").gameActive = 0;
-    g.OfferToSave();
-    EXPECT_TRUE(Host().questions.empty());
-    Running("", "e2e4");
-    Host().yesNoAnswers = {0};
-    g.OfferToSave();
-    EXPECT_EQ(Host().questions, Strings{SaveGameQuestion});
-    EXPECT_TRUE(Host().files.empty());
-    EXPECT_EQ(g.gameDirty, 0);
+TEST(Saving, OfferSavesTheGameOrTheBeginPositionOfASetUpOne) {
     Running("", "e2e4");
     Host().yesNoAnswers = {1};
     g.OfferToSave();
+    EXPECT_EQ(Host().questions, Strings{SaveGameQuestion});
     EXPECT_EQ(Host().questionDefaults, std::vector<AskDefault>{DefaultYes});
     EXPECT_EQ(Host().files.size(), 1u);
 
@@ -102,9 +92,6 @@ TEST(Saving, OfferIsMadeOnlyForAnActiveUnsavedGame) {
 }
 
 TEST(Saving, PositionOfTheShownRowWithItsSideToMove) {
-    Running("", "e2e4 e7e5 g1f3", 2).SavePosition();
-    EXPECT_EQ(Host().files[positionName], "rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR w - - 0 0\"");
-    EXPECT_EQ(g.gameDirty, 1);
     Running("4k3/8/8/8/8/8/8/R3K3 b", "e8d8 a1a8", 1).SavePosition();
     EXPECT_EQ(Host().files[positionName], "3k4/8/8/8/8/8/8/R3K3 w - - 0 0\"");
     EXPECT_EQ(g.gameDirty, 1);
@@ -124,7 +111,7 @@ SelectedFile Opened(const std::string& bytes) {
 
 GameState source, preview, target;
 
-TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNotAndTheButtonsFollow) {
+TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNot) {
     ASSERT_TRUE(PlayLine(source, "e2e4 e7e5 g1f3"));
     const std::string game = GameFileOf(source), black = Str(PositionLine(source.board, Black));
     const std::string gameLetters = BoardLetters(source.board);
@@ -155,53 +142,65 @@ TEST(LoadFile, PreviewShowsWhatTheFileHoldsOrWhyNotAndTheButtonsFollow) {
     const std::string cut = std::string("1. e4 e5 ") + '\0' + "2. Nf3 ";
     PreviewSelectedFile(preview, LoadGames, Opened(cut));
     EXPECT_EQ(preview.plyCount, 2); // the text ends at the first zero byte
-
-    // Load needs a file that was read, Delete a selected row.
-    preview.previewStatus = Text(FileNotSelectedText);
-    LoadButtons buttons = LoadButtonStates(preview, 0, -1);
-    EXPECT_FALSE(buttons.loadEnabled || buttons.deleteEnabled);
-    EXPECT_STREQ(preview.previewStatus.Chars(), FileNotFoundText);
-    PreviewSelectedFile(preview, LoadPositions, Opened("8/8/8/8/8/8/8/8 w"));
-    buttons = LoadButtonStates(preview, 2, 0);
-    EXPECT_TRUE(!buttons.loadEnabled && buttons.deleteEnabled);
-    PreviewSelectedFile(preview, LoadGames, Opened("1. d4 "));
-    buttons = LoadButtonStates(preview, 3, 1);
-    EXPECT_TRUE(buttons.loadEnabled && buttons.deleteEnabled);
 }
 
-TEST(LoadFile, SavedGameLoadsBackWithItsListNamesClocksAndLevel) {
+TEST(LoadFile, SavedGameLoadsBackWithItsNamesClocksAndLevel) {
     Running("", "e2e4 e7e5 g1f3 b8c6 f1b5 a7a6 b5c6 d7c6 e1g1 c8g4 d2d3");
     g.level = 2;
     g.sides[White].clockSeconds = 65;
-    const std::vector<std::string> rows = Host().lists[movesListWindow].rows;
     g.SaveGame();
     target.sides[White].kind = SideComputer;
     target.setupStart = target.thinkPending = 1;
     PreviewSelectedFile(preview, LoadGames, Opened(Host().files[gameName]));
     LoadPreviewedGame(target, preview, LoadGames, &movesListWindow);
-    EXPECT_EQ(Host().lists[movesListWindow].rows, rows);
-    EXPECT_EQ(Host().lists[movesListWindow].selection, 11);
-    EXPECT_EQ(BoardLetters(target.board), BoardLetters(g.board));
     EXPECT_STREQ(target.sides[Black].name, ComputerName);
     EXPECT_TRUE(target.sides[Black].kind == SideComputer && target.sides[White].kind == SideHuman);
     EXPECT_TRUE(target.sides[White].clockSeconds == 65 && target.level == 2 && target.sideToMove == Black);
     EXPECT_TRUE(target.gameActive == 1 && target.gameDirty == 0 && target.thinkPending == 0 &&
                 target.setupStart == 0);
-    target.OfferToSave();
-    EXPECT_TRUE(Host().questions.empty());
 }
 
-TEST(LoadFile, PositionLoadsAsTheStartOfAnAnalysisForTwoPeople) {
-    ResetHost();
-    movesListWindow = &listControl;
-    PreviewSelectedFile(preview, LoadPositions, Opened("4k3/8/8/8/8/8/q7/4K3 b - - 0 0\""));
-    LoadPreviewedGame(target, preview, LoadPositions, &movesListWindow);
-    EXPECT_EQ(Host().lists[movesListWindow].rows, std::vector<std::string>{" 0."});
-    EXPECT_TRUE(target.setupStart == 1 && target.setupMode == 0 && target.plyCount == 0);
-    EXPECT_TRUE(target.sideToMove == Black && target.setupFirstMover == Black);
-    EXPECT_EQ(BoardLetters(target.startBoard), BoardLetters(target.board));
-    EXPECT_TRUE(target.sides[White].kind == SideHuman && target.sides[Black].kind == SideHuman);
-    EXPECT_EQ(target.loadDialogKind, LoadPositions);
+// Lines of random games read back: the same cells, and a set-up game with that side to move.
+TEST(PositionFile, ReadsBackWhatWasWritten) {
+    ASSERT_TRUE(PlayLine(g, "e2e4 e7e5 g1f3"));
+    EXPECT_EQ(Str(PositionLine(g.board, Black)),
+              "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R b - - 0 0\"");
+    for (std::uint32_t seed = 1; seed <= 40; ++seed) {
+        g.ResetGameState(ResetStartPosition);
+        PlayRandomMoves(g, static_cast<Word>(seed * 7 % 150), seed, RandomPolicy::Varied);
+        previewGame.ParsePosition(PositionLine(g.board, g.sideToMove));
+        const GameState& r = previewGame;
+        ASSERT_EQ(BoardLetters(r.board), BoardLetters(g.board)) << seed;
+        EXPECT_EQ(BoardLetters(r.startBoard), BoardLetters(g.board));
+        EXPECT_TRUE(r.sideToMove == g.sideToMove && r.setupFirstMover == g.sideToMove && r.plyCount == 0);
+    }
+}
+
+// What a promotion cannot give, a side in check that has just moved, and a finished position.
+TEST(ValidatePosition, RefusesWhatNoGameCanReach) {
+    const std::string ok, error = ErrorPositionText, over = GameOverText;
+    const struct {
+        const char* line;
+        const std::string& status;
+    } cases[] = {
+        {"4k3/8/8/8/8/8/8/R3K2R w", ok},
+        {"4k3/8/8/8/8/8/8/R3K2k w", error},
+        {"3pk3/8/8/8/8/8/8/R3K3 w", error},
+        {"4k3/8/8/8/8/8/PPPPPPPP/BB1BK3 w", error}, // three bishops, two on light squares
+        {"4k3/8/8/8/8/8/PPPPPPP1/BB1BK3 w", ok},
+        {"4k3/8/8/8/8/8/PPPPPPPP/B1B1K3 w", error},
+        {"4k3/8/8/8/8/8/PPPPPPP1/QQ2K3 w", ok},
+        {"4k3/8/8/8/8/8/PPPPPPPP/QQ2K3 w", error},
+        {"4k3/8/8/8/8/8/8/4R1K1 w", error},
+        {"4k3/8/8/8/8/8/8/4R1K1 b", ok},
+        {"4k3/8/8/8/8/8/8/4K3 w", over},
+        {"R3k3/8/4K3/8/8/8/8/8 b", over},
+        {"k7/2Q5/1K6/8/8/8/8/7P b", over},
+    };
+    for (const auto& c : cases) {
+        previewGame.ParsePosition(Text(c.line));
+        EXPECT_EQ(Str(previewGame.previewStatus), c.status) << c.line;
+    }
 }
 
 } // namespace

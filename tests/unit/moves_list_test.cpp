@@ -1,5 +1,5 @@
-// The moves list and walking through it: the row of each kind of move, every row of random games
-// against a replay ending there, and a move made from an earlier row taking back the rest.
+// The moves list and walking through it: the row of each kind of move, and every row of random
+// games against a replay ending there.
 #include <gtest/gtest.h>
 
 #include "core/navigation.h"
@@ -12,26 +12,13 @@ namespace {
 using Rows = std::vector<std::string>;
 const std::string Blanks(11, ' ');
 
-GameState& Game() {
-    static GameState state;
-    return state;
-}
-GameState& Workspace() {
-    static GameState state;
-    return state;
-}
-
-// Puts the double's list selection on row r and reacts to it as the program does.
-void Select(GameState& state, Word r) {
-    Host().lists[clickList].selection = r;
-    SelectListRow(state, Workspace(), clickList);
-}
+GameState game, workspace, fresh;
 
 // Clicks `moves` in a game from `fen` (the start position when empty) between two people.
 GameState& Clicked(const std::string& fen, const Rows& moves, Word promotion = Queen) {
     ResetHost();
     Host().promotionAnswer = promotion;
-    GameState& s = Game();
+    GameState& s = game;
     if (fen.empty()) {
         s.ResetGameState(ResetStartPosition);
         s.gameActive = 1;
@@ -55,22 +42,19 @@ TEST(MovesList, RowsNameEachKindOfMove) {
     Clicked("4k3/4p3/8/8/8/8/4P3/R3K3 b", {"e7e5", "e2e4", "e8d7", "a1a7"});
     EXPECT_EQ(ClickListRows(),
               (Rows{" 0.", " 1. e7-e5", Blanks + "e2-e4", " 2. Ke8-d7", Blanks + "Ra1-a7+"}));
-    Clicked("", {"f2f3", "e7e5", "g2g4", "d8h4"});
-    EXPECT_EQ(ClickListRows().back(), Blanks + "Qd8-h4#");
-    EXPECT_EQ(Host().lists[clickList].selection, 4);
 }
 
 // At every row: the board of a fresh replay ending there, the same legal targets for every piece
 // and the same end of game; and the played game comes back whole at the last row.
 TEST(MovesList, EveryRowOfRandomGamesAgreesWithAReplayEndingThere) {
-    static GameState fresh;
     for (std::uint32_t seed = 1; seed <= 12; ++seed) {
         GameState& s = Clicked("", {});
         PlayRandomMoves(s, 70, seed, RandomPolicy::Varied);
         s.RebuildMovesList(&clickList);
         const std::string end = BoardLetters(s.board);
         for (Word r = 0; r <= s.plyCount; ++r) {
-            Select(s, r);
+            Host().lists[clickList].selection = r;
+            SelectListRow(s, workspace, clickList);
             ReplayPlies(s, r, fresh);
             ASSERT_EQ(BoardLetters(s.board), BoardLetters(fresh.board)) << "seed " << seed << " row " << r;
             const Word side = s.SideAtListIndex(r);
@@ -82,34 +66,10 @@ TEST(MovesList, EveryRowOfRandomGamesAgreesWithAReplayEndingThere) {
             }
             ASSERT_EQ(BoardLetters(s.board), BoardLetters(fresh.board));
         }
-        ReturnToLastRow(s, Workspace(), clickList);
+        ReturnToLastRow(s, workspace, clickList);
         EXPECT_EQ(BoardLetters(s.board), end);
         EXPECT_EQ(s.RecordsInForce(), s.plyCount);
     }
-}
-
-TEST(MovesList, AMoveFromAnEarlierRowDropsTheRowsBehindIt) {
-    GameState& s = Clicked("", {"e2e4", "e7e5", "g1f3", "b8c6", "f1c4", "f8c5", "e1e2"});
-    Select(s, 6);
-    EXPECT_EQ(s.plyCount, 7); // a played game keeps its end until a move is made from the row
-    TakeBackToRow(s, 6);
-    ASSERT_TRUE(ClickMove(s, "e1g1")); // the king has not moved yet at this row
-    EXPECT_EQ(ClickListRows().size(), 8u);
-    EXPECT_EQ(ClickListRows().back(), " 4. 0-0");
-    static GameState cut;
-    cut = s;
-    Clicked("", {"e2e4", "e7e5", "g1f3", "b8c6", "f1c4", "f8c5", "e1g1"});
-    EXPECT_EQ(BoardLetters(cut.board), BoardLetters(s.board));
-    EXPECT_EQ(cut.sideToMove, Black);
-
-    // A set-up game takes the row as its end at once.
-    Clicked("4k3/pppp4/8/8/8/8/4PPPP/4K2R b", {"a7a5", "e1g1", "b7b5", "e2e4"});
-    Select(s, 1);
-    EXPECT_EQ(s.plyCount, 1);
-    EXPECT_EQ(s.sideToMove, White);
-    Select(s, 0);
-    EXPECT_EQ(s.sideToMove, Black);
-    EXPECT_EQ(ClickListRows().size(), 5u);
 }
 
 } // namespace

@@ -1,6 +1,9 @@
 // The search and the think driver: the shortcut score after a move against a whole Evaluate, whole
-// computer games against a replay of their history, and a break by the user that books the clock.
+// computer games against a replay of their history, a break by the user that books the clock, and
+// the turn away from a third repetition.
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 #include "double/host_double.h"
 #include "engine/search.h"
@@ -91,6 +94,29 @@ TEST(ThinkDriver, BreakBeforeTheFirstPassPlaysNothingButBooksTheClock) {
     EXPECT_TRUE(s.plyCount == 1 && s.sideToMove == Black && s.thinking == 0 && s.thinkPending == 0);
     EXPECT_EQ(s.sides[Black].clockSeconds, 3); // readings at 0, 1500 (poll), 3000 (end)
     EXPECT_EQ(Host().titles, (std::vector<std::string>{"Velok-3 [0%]", "Velok-3"}));
+}
+
+// Eight plies that bring the first choice's placement round to a third time: a thinker that stands
+// well turns away from it on a second pass; one that stands badly takes the draw.
+TEST(RepetitionRule, OnlyAThinkerThatStandsWellTurnsAway) {
+    const struct {
+        const char *fen, *line, *first;
+        bool standsWell;
+    } cases[] = {
+        {"6k1/5pp1/7p/8/8/7P/5PP1/2N3K1 w", "c1e2 g8h8 e2d4 h8g8 d4e2 g8h8 e2c1 h8g8", "c1e2", true},
+        {"2n3k1/5pp1/7p/8/8/7P/5PP1/6K1 w", "g1h1 g8h8 h1h2 h8g8 h2h1 g8h8 h1g1 h8g8", "g1h1", false}};
+    for (const auto& c : cases) {
+        SetUpBoard(state, c.fen);
+        std::istringstream line(c.line);
+        for (std::string move; line >> move;)
+            ASSERT_TRUE(PlayMove(state, move)) << move;
+        ResetHost();
+        state.level = state.thinking = 1;
+        state.ChooseComputerMove();
+        EXPECT_EQ(MoveName(state.earlierBestMove), c.first);
+        EXPECT_EQ(MoveName(state.bestMove) != c.first, c.standsWell) << c.fen;
+        EXPECT_EQ(Str(state.progressText), c.standsWell ? AltSearchingText : "") << c.fen;
+    }
 }
 
 } // namespace

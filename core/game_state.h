@@ -10,7 +10,7 @@
 
 struct BoardCell {
     Word piece;
-    Word colour;  // meaningless while piece is PieceNone; moves leave the old value there
+    Word colour; // meaningless while piece is PieceNone; moves leave the old value there
     Word mark;
     Word markAge;
     Word legalTarget;
@@ -62,9 +62,12 @@ class GameState {
     void MarkLegalTargets(Word side, Word file, Word row);
 
     // ---- Moves on the board ----
-    inline void MakeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow, Word silent,
-                         Word promotionPiece);
+    inline void MakeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow,
+                         Word silent, Word promotionPiece);
     inline void TakeBackMove(const MoveRecord* record);
+    // Fills `record` as MakeMove(..., Silent, promotionPiece) would, leaving the board alone.
+    inline void DescribeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow,
+                             Word promotionPiece) const;
     void ClearMarks(Word value);
     Word FindMarkedCell(Word value, Word& outFile, Word& outRow) const;
     Word SideAtListIndex(Word r) const;
@@ -114,10 +117,8 @@ class GameState {
     void ValidatePosition();
 
     // ---- The per-square families (core/squares) ----
-    template <int Square>
-    Word SquareAttackTest(Word colour) const;
-    template <int Square>
-    void GenerateSquareMoves(MoveListEntry* buffer, Word colour);
+    template <int Square> Word SquareAttackTest(Word colour) const;
+    template <int Square> void GenerateSquareMoves(MoveListEntry* buffer, Word colour);
 
     // ---- Fields; ResetGameState clears every one, so a new field belongs there too ----
     BoardCell board[8][8];
@@ -176,18 +177,12 @@ class GameState {
 
   private:
     // Tries the move From-To on the board and lists it when the mover's king is then safe.
-    template <int From, int To, bool KingMoves>
-    void TryMove(MoveListEntry* buffer, Word colour);
-    template <int From, int Df, int Dr, int Step>
-    void TryRay(MoveListEntry* buffer, Word colour);
-    template <int From, int Df, int Dr, bool KingMoves>
-    void TryStep(MoveListEntry* buffer, Word colour);
-    template <int From, int Df, int Dr>
-    void TryPawnCapture(MoveListEntry* buffer, Word colour);
-    template <int From, int Df>
-    void TryEnPassant(MoveListEntry* buffer, Word colour);
-    template <int Row>
-    void TryCastling(MoveListEntry* buffer, Word colour);
+    template <int From, int To, bool KingMoves> void TryMove(MoveListEntry* buffer, Word colour);
+    template <int From, int Df, int Dr, int Step> void TryRay(MoveListEntry* buffer, Word colour);
+    template <int From, int Df, int Dr, bool KingMoves> void TryStep(MoveListEntry* buffer, Word colour);
+    template <int From, int Df, int Dr> void TryPawnCapture(MoveListEntry* buffer, Word colour);
+    template <int From, int Df> void TryEnPassant(MoveListEntry* buffer, Word colour);
+    template <int Row> void TryCastling(MoveListEntry* buffer, Word colour);
     Word HistoryLeaves(Word file, Word row) const;
 };
 

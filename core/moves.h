@@ -82,3 +82,40 @@ inline void GameState::TakeBackMove(const MoveRecord* record) {
         if (record->extraToFile != -1) board[record->extraToRow][record->extraToFile].piece = PieceNone;
     }
 }
+
+// The same fields, in the same way, as MakeMove writes them: a silent promotion places the given
+// piece whoever moves, and fields MakeMove leaves untouched stay untouched here too.
+inline void GameState::DescribeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow,
+                                    Word promotionPiece) const {
+    const BoardCell& from = board[fromRow][fromFile];
+    record->fromFile = fromFile;
+    record->fromRow = fromRow;
+    record->toFile = toFile;
+    record->toRow = toRow;
+    record->movedPiece = from.piece;
+    record->movedColour = from.colour;
+    record->capturedPiece = board[toRow][toFile].piece;
+    record->placedPiece = from.piece;
+    record->extraPiece = PieceNone;
+    record->extraFromFile = -1;
+    record->extraToFile = -1;
+
+    if (record->movedPiece == Pawn) {
+        if ((record->movedColour == White && toRow == 7) || (record->movedColour == Black && toRow == 0))
+            record->placedPiece = promotionPiece;
+        if (fromFile != toFile && record->capturedPiece == PieceNone) {
+            record->extraFromRow = fromRow;
+            record->extraColour = fromRow >= toRow ? White : Black;
+            record->extraPiece = Pawn;
+            record->extraFromFile = toFile;
+        }
+    } else if (record->movedPiece == King && fromFile == 4 && (fromRow == 0 || fromRow == 7) &&
+               (toFile == 6 || toFile == 2)) {
+        record->extraFromFile = toFile == 6 ? 7 : 0;
+        record->extraFromRow = fromRow;
+        record->extraToFile = toFile == 6 ? 5 : 3;
+        record->extraToRow = fromRow;
+        record->extraPiece = Rook;
+        record->extraColour = fromRow == 0 ? White : Black;
+    }
+}

@@ -54,12 +54,22 @@ Word SearchLastPly(GameState& state, Word bound, const ScoredPosition& before) {
         if (cell.piece == PieceNone || cell.colour != side) continue;
         GenerateMovesAt(state, square, list, side);
         for (; next < state.moveCount; ++next) {
-            MoveRecord* record = MakeSearchMove(state, list[next]);
+            // A quiet move is scored from its record alone: at the horizon nothing else of the
+            // position after it is read.
+            const MoveListEntry& move = list[next];
+            MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
+            state.DescribeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Queen);
             ++state.searchNodes;
-            ++state.plyCount;
-            const Word score = LeafScore(state, before);
-            --state.plyCount;
-            state.TakeBackMove(record);
+            Word score;
+            if (record->capturedPiece == PieceNone) {
+                score = EvaluateAfterMove(state, *record, before);
+            } else {
+                state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
+                ++state.plyCount;
+                score = LeafScore(state, before);
+                --state.plyCount;
+                state.TakeBackMove(record);
+            }
             if (score > best) best = score;
             if (best >= bound) return best;
         }
@@ -152,10 +162,9 @@ void PresortMoves(GameState& state, const MoveListEntry* list, Word n, OrderEntr
     MoveRecord* record = &state.history[CheckedIndex(state.plyCount, HistoryCapacity)];
     for (Word i = 0; i < n; ++i) {
         const MoveListEntry& move = list[i];
-        state.MakeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Silent, Queen);
+        state.DescribeMove(record, move.fromFile, move.fromRow, move.toFile, move.toRow, Queen);
         const Word score = EvaluateAfterMove(state, *record, before);
         order[CheckedIndex(i, MoveBufferCapacity)] = {i, thinkerNode ? -score : score};
-        state.TakeBackMove(record);
     }
 }
 

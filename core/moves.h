@@ -6,58 +6,23 @@
 
 inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow,
                                 Word silent, Word promotionPiece) {
+    // The record keeps everything TakeBackMove needs to undo the move.
+    DescribeMove(record, fromFile, fromRow, toFile, toRow, promotionPiece);
     BoardCell& from = board[fromRow][fromFile];
     BoardCell& to = board[toRow][toFile];
 
-    // The record keeps everything TakeBackMove needs to undo the move.
-    record->fromFile = fromFile;
-    record->fromRow = fromRow;
-    record->toFile = toFile;
-    record->toRow = toRow;
-    record->movedPiece = from.piece;
-    record->movedColour = from.colour;
-    record->capturedPiece = to.piece;
-    record->placedPiece = from.piece;
-    record->extraPiece = PieceNone;
-    record->extraFromFile = -1;
-    record->extraToFile = -1;
-
-    if (record->movedPiece == Pawn) {
-        // Promotion: a human may be asked through the dialog; otherwise the given piece is placed.
-        if ((record->movedColour == White && toRow == 7) || (record->movedColour == Black && toRow == 0)) {
-            if (sides[record->movedColour].kind != SideHuman)
-                record->placedPiece = promotionPiece;
-            else if (silent == AskPromotion)
-                record->placedPiece = HostChoosePromotion(record->movedColour);
-            else
-                record->placedPiece = promotionPiece;
-        }
-        // En passant: a diagonal pawn move onto an empty cell.
-        if (fromFile != toFile && record->capturedPiece == PieceNone) {
-            // A diagonal pawn step crosses one row, so the victim stands on the origin's row:
-            // toRow + 1 when the mover goes down the board, toRow - 1 when it goes up. Indexing by
-            // fromRow says so without an index the optimiser cannot bound.
-            board[fromRow][toFile].piece = PieceNone;
-            record->extraFromRow = fromRow;
-            record->extraColour = fromRow >= toRow ? White : Black;
-            record->extraPiece = Pawn;
-            record->extraFromFile = toFile;
-        }
-    } else if (record->movedPiece == King && fromFile == 4 && (fromRow == 0 || fromRow == 7) &&
-               (toFile == 6 || toFile == 2)) {
-        // Castling is a king's move of two files from e1 or e8; the rook goes with it.
-        const Word rookFrom = toFile == 6 ? 7 : 0;
-        const Word rookTo = toFile == 6 ? 5 : 3;
-        const Word rookColour = fromRow == 0 ? White : Black;
-        board[fromRow][rookFrom].piece = PieceNone;
-        board[fromRow][rookTo].piece = Rook;
-        board[fromRow][rookTo].colour = rookColour;
-        record->extraFromFile = rookFrom;
-        record->extraFromRow = fromRow;
-        record->extraToFile = rookTo;
-        record->extraToRow = fromRow;
-        record->extraPiece = Rook;
-        record->extraColour = rookColour;
+    // A human side may be asked for its promotion piece through the dialog.
+    const bool promotes = record->movedPiece == Pawn && toRow == (record->movedColour == White ? 7 : 0);
+    if (promotes && silent == AskPromotion && sides[record->movedColour].kind == SideHuman)
+        record->placedPiece = HostChoosePromotion(record->movedColour);
+    if (record->extraPiece == Pawn) {
+        // En passant: the victim stands beside the origin, on its row.
+        board[fromRow][toFile].piece = PieceNone;
+    } else if (record->extraPiece == Rook) {
+        // Castling: the rook goes with the king.
+        board[fromRow][record->extraFromFile].piece = PieceNone;
+        board[fromRow][record->extraToFile].piece = Rook;
+        board[fromRow][record->extraToFile].colour = record->extraColour;
     }
 
     // The moving piece lands, as the promoted piece when it promotes.
@@ -83,8 +48,9 @@ inline void GameState::TakeBackMove(const MoveRecord* record) {
     }
 }
 
-// The same fields, in the same way, as MakeMove writes them: a silent promotion places the given
-// piece whoever moves, and fields MakeMove leaves untouched stay untouched here too.
+// Fills the record of a move without touching the board: the search scores quiet moves from it
+// alone, and MakeMove plays it. A promotion places `promotionPiece`; MakeMove may ask a human
+// instead. Fields a move does not use are left as they were.
 inline void GameState::DescribeMove(MoveRecord* record, Word fromFile, Word fromRow, Word toFile, Word toRow,
                                     Word promotionPiece) const {
     const BoardCell& from = board[fromRow][fromFile];
@@ -103,6 +69,8 @@ inline void GameState::DescribeMove(MoveRecord* record, Word fromFile, Word from
     if (record->movedPiece == Pawn) {
         if ((record->movedColour == White && toRow == 7) || (record->movedColour == Black && toRow == 0))
             record->placedPiece = promotionPiece;
+        // En passant: a diagonal pawn move onto an empty cell. A diagonal step crosses one row, so
+        // the victim stands on the origin's row.
         if (fromFile != toFile && record->capturedPiece == PieceNone) {
             record->extraFromRow = fromRow;
             record->extraColour = fromRow >= toRow ? White : Black;
@@ -111,6 +79,7 @@ inline void GameState::DescribeMove(MoveRecord* record, Word fromFile, Word from
         }
     } else if (record->movedPiece == King && fromFile == 4 && (fromRow == 0 || fromRow == 7) &&
                (toFile == 6 || toFile == 2)) {
+        // Castling is a king's move of two files from e1 or e8; the rook goes with it.
         record->extraFromFile = toFile == 6 ? 7 : 0;
         record->extraFromRow = fromRow;
         record->extraToFile = toFile == 6 ? 5 : 3;

@@ -12,8 +12,8 @@ inline void GameState::MakeMove(MoveRecord* record, Word fromFile, Word fromRow,
     BoardCell& to = board[toRow][toFile];
 
     // A human side may be asked for its promotion piece through the dialog.
-    const bool promotes = record->movedPiece == Pawn && toRow == (record->movedColour == White ? 7 : 0);
-    if (promotes && silent == AskPromotion && sides[record->movedColour].kind == SideHuman)
+    if (silent == AskPromotion && record->movedPiece == Pawn &&
+        toRow == (record->movedColour == White ? 7 : 0) && sides[record->movedColour].kind == SideHuman)
         record->placedPiece = HostChoosePromotion(record->movedColour);
     if (record->extraPiece == Pawn) {
         // En passant: the victim stands beside the origin, on its row.
